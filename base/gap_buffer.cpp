@@ -1,0 +1,103 @@
+#include "base/gap_buffer.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace quillet {
+namespace {
+
+constexpr std::size_t minimumGrowth = 4096;
+constexpr std::size_t growthShare = 16; // a full gap grows by 1/16 of the text
+
+void moveBytes(char* to, const char* from, std::size_t count) {
+    if (count != 0)
+        std::memmove(to, from, count);
+}
+
+} // namespace
+
+GapBuffer::GapBuffer(GlyphView text) {
+    replace(0, 0, text);
+}
+
+GapBuffer::GapBuffer(GapBuffer&& other) noexcept
+    : bytes_(std::move(other.bytes_)),
+      capacity_(std::exchange(other.capacity_, 0)),
+      gapStart_(std::exchange(other.gapStart_, 0)),
+      gapEnd_(std::exchange(other.gapEnd_, 0)) {}
+
+GapBuffer& GapBuffer::operator=(GapBuffer&& other) noexcept {
+    bytes_ = std::move(other.bytes_);
+    capacity_ = std::exchange(other.capacity_, 0);
+    gapStart_ = std::exchange(other.gapStart_, 0);
+    gapEnd_ = std::exchange(other.gapEnd_, 0);
+    return *this;
+}
+
+GapBuffer::Spans GapBuffer::spans(std::size_t at, std::size_t count) const {
+    const std::size_t before = at < gapStart_ ? std::min(count, gapStart_ - at) : 0;
+    const std::size_t behind = count - before;
+    const GlyphView first = before != 0 ? GlyphView(bytes_.get() + at, before) : GlyphView();
+    if (behind == 0)
+        return {first, GlyphView()};
+    return {first, GlyphView(bytes_.get() + at + before + gapSize(), behind)};
+}
+
+GlyphString GapBuffer::copy(std::size_t at, std::size_t count) const {
+    GlyphString text;
+    text.reserve(count);
+    for (const GlyphView part : spans(at, count))
+        text.append(part);
+    return text;
+}
+
+bool GapBuffer::equals(std::size_t at, GlyphView text) const {
+    if (at + text.size() > size())
+        return false;
+    const Spans parts = spans(at, text.size());
+    return text.substr(0, parts[0].size()) == parts[0] && text.substr(parts[0].size()) == parts[1];
+}
+
+void GapBuffer::replace(std::size_t at, std::size_t removed, GlyphView inserted) {
+    if (inserted.size() > removed)
+        ensureGap(inserted.size() - removed);
+    moveGap(at);
+    gapEnd_ += removed;
+    moveBytes(bytes_.get() + gapStart_, inserted.data(), inserted.size());
+    gapStart_ += inserted.size();
+}
+
+void GapBuffer::moveGap(std::size_t at) {
+    char* bytes = bytes_.get();
+    if (at < gapStart_)
+        moveBytes(bytes + at + gapSize(), bytes + at, gapStart_ - at);
+    else
+        moveBytes(bytes + gapStart_, bytes + gapEnd_, at - gapStart_);
+    gapEnd_ = at + gapSize();
+    gapStart_ = at;
+}
+
+char* GapBuffer::prepareAppend(std::size_t count) {
+    moveGap(size());
+    ensureGap(count);
+    return bytes_.get() + gapStart_;
+}
+
+void GapBuffer::ensureGap(std::size_t needed) {
+    if (gapSize() >= needed)
+        return;
+    const std::size_t capacity = size() + needed + std::max(minimumGrowth, size() / growthShare);
+    auto* grown = static_cast<char*>(std::realloc(bytes_.get(), capacity));
+    if (grown == nullptr)
+        throw std::bad_alloc();
+    static_cast<void>(bytes_.release()); // realloc has taken the old block
+    bytes_.reset(grown);
+    const std::size_t behind = capacity_ - gapEnd_;
+    moveBytes(grown + capacity - behind, grown + gapEnd_, behind);
+    gapEnd_ = capacity - behind;
+    capacity_ = capacity;
+}
+
+} // namespace quillet

@@ -1,0 +1,41 @@
+// Where keys take the caret.
+#pragma once
+
+#include "base/gap_buffer.h"
+#include "base/glyph_string.h"
+#include "platform/line_layout.h"
+
+#include <cstdint>
+
+namespace quillet {
+
+/// What a move starts from.
+struct CaretContext {
+    const GapBuffer& text;
+    const LineLayout& lines;
+    Position caret;
+    Position pageLines; // lines that a page moves, 1 or more
+    Advance goalX;      // the distance from the left that vertical moves aim at
+};
+
+/// The caret's new place, which is the old one at the ends of the text.
+using CaretMove = Position (*)(const CaretContext&);
+
+/// A glyph is one byte, but CR LF counts as one. A word is what stands between blanks, tabs and
+/// line breaks; a move by words ends at the start of one.
+Position glyphLeft(const CaretContext& from);
+Position glyphRight(const CaretContext& from);
+Position wordLeft(const CaretContext& from);
+Position wordRight(const CaretContext& from);
+
+struct CaretKey {
+    std::int16_t keyCode; // virtual-key code
+    bool ctrl;
+    bool vertical;
+    CaretMove move;
+};
+
+/// The move of a key, or nullptr where the key moves nothing.
+const CaretKey* findCaretKey(std::int16_t keyCode, bool ctrl);
+
+} // namespace quillet

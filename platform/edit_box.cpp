@@ -1,0 +1,309 @@
+#include "platform/edit_box.h"
+
+#include "base/run_time_error.h"
+#include "platform/key_codes.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+namespace quillet {
+namespace {
+
+constexpr std::int16_t ctrlZ = 26;
+constexpr std::int16_t ctrlBackspace = 127;
+
+// The glyphs at the start of `text` that already stand in `buffer` from `at` on.
+Position commonPrefix(const GapBuffer& buffer, Position at, Position count, GlyphView text) {
+    const Position limit = std::min(count, static_cast<Position>(text.size()));
+    Position same = 0;
+    while (same < limit && buffer[at + same] == text[same])
+        ++same;
+    return same;
+}
+
+// The glyphs at the end of `text` that already stand in `buffer` before `end`.
+Position commonSuffix(const GapBuffer& buffer, Position end, Position count, GlyphView text) {
+    const Position limit = std::min(count, static_cast<Position>(text.size()));
+    Position same = 0;
+    while (same < limit && buffer[end - 1 - same] == text[text.size() - 1 - same])
+        ++same;
+    return same;
+}
+
+} // namespace
+
+class EditBox::KeyEvent {
+  public:
+    explicit KeyEvent(EditBox& box) : box_(box) { box_.inKeyEvent_ = true; }
+    ~KeyEvent() { box_.inKeyEvent_ = false; }
+    KeyEvent(const KeyEvent&) = delete;
+    KeyEvent& operator=(const KeyEvent&) = delete;
+
+  private:
+    EditBox& box_;
+};
+
+EditBox::EditBox(BoxFont font) : font_(std::move(font)) {}
+
+void EditBox::Text(GlyphView text) {
+    needRoom(text, length());
+    replace(0, length(), text, Selection{});
+}
+
+void EditBox::SelStart(Position start) {
+    if (start < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    const Position caret = std::min(start, length());
+    setSelection({.anchor = caret, .caret = caret});
+}
+
+void EditBox::SelLength(Position length) {
+    if (length < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    const Position start = SelStart();
+    setSelection({.anchor = start, .caret = start + std::min(length, this->length() - start)});
+}
+
+GlyphString EditBox::SelText() const {
+    return text_.copy(SelStart(), SelLength());
+}
+
+void EditBox::SelText(GlyphView text) {
+    needRoom(text, SelLength());
+    const Position caret = SelStart() + static_cast<Position>(text.size());
+    replace(SelStart(), SelLength(), text, {.anchor = caret, .caret = caret});
+}
+
+void EditBox::FontName(std::string name) {
+    font_.name = std::move(name);
+    fontChanged();
+}
+
+void EditBox::FontSize(double points) {
+    font_.size = points;
+    fontChanged();
+}
+
+void EditBox::FontBold(bool on) {
+    font_.bold = on;
+    fontChanged();
+}
+
+void EditBox::FontItalic(bool on) {
+    font_.italic = on;
+    fontChanged();
+}
+
+void EditBox::FontUnderline(bool on) {
+    font_.underline = on;
+    fontChanged();
+}
+
+void EditBox::Left(Twips left) {
+    left_ = left;
+    geometryChanged();
+}
+
+void EditBox::Top(Twips top) {
+    top_ = top;
+    geometryChanged();
+}
+
+void EditBox::Width(Twips width) {
+    width_ = width;
+    geometryChanged();
+}
+
+void EditBox::Height(Twips height) {
+    height_ = height;
+    geometryChanged();
+}
+
+void EditBox::load(GapBuffer text) {
+    text_ = std::move(text);
+    history_.clear();
+    const LineChange lines = lines_.wrapAll(text_);
+    selection_ = {};
+    goalX_.reset();
+    if (observer_ == nullptr)
+        return;
+    observer_->textChanged(lines);
+    observer_->selectionChanged();
+}
+
+void EditBox::keyDown(std::int16_t KeyCode, std::int16_t Shift) {
+    if (KeyDown)
+        KeyDown(KeyCode, Shift);
+    if ((Shift & modifier::alt) != 0)
+        return;
+    const bool ctrl = (Shift & modifier::ctrl) != 0;
+    if (const CaretKey* moves = findCaretKey(KeyCode, ctrl)) {
+        moveCaret(*moves, (Shift & modifier::shift) != 0);
+    } else if (KeyCode == key::del) {
+        const KeyEvent event(*this);
+        history_.closeStep();
+        eraseTo(ctrl ? wordRight(caretContext()) : glyphRight(caretContext()));
+    }
+}
+
+void EditBox::keyPress(std::int16_t KeyAscii, std::int16_t Shift) {
+    const KeyEvent event(*this);
+    history_.closeStep();
+    if (KeyPress)
+        KeyPress(KeyAscii);
+    resumeNext([&] { type(KeyAscii, Shift); }); // without room the key is refused
+}
+
+void EditBox::keyUp(std::int16_t KeyCode, std::int16_t Shift) {
+    const KeyEvent event(*this);
+    if (KeyUp)
+        KeyUp(KeyCode, Shift);
+}
+
+void EditBox::undo() {
+    if (!canUndo())
+        return;
+    const UndoStep& step = history_.undo();
+    for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit)
+        apply(edit->at, static_cast<Position>(edit->inserted.size()), edit->removed);
+    setSelection(step.before);
+}
+
+void EditBox::redo() {
+    if (!canRedo())
+        return;
+    const UndoStep& step = history_.redo();
+    for (const TextEdit& edit : step.edits)
+        apply(edit.at, static_cast<Position>(edit.removed.size()), edit.inserted);
+    setSelection(step.after);
+}
+
+void EditBox::select(const Selection& selection) {
+    setSelection(selection);
+}
+
+void EditBox::setMetrics(const LineMetrics& metrics) {
+    lines_.setMetrics(metrics, text_);
+    goalX_.reset();
+}
+
+GlyphString EditBox::lineText(Position line) const {
+    const Position start = lines_.lineStart(line);
+    return text_.copy(start, lines_.lineStart(line + 1) - start);
+}
+
+void EditBox::needRoom(GlyphView inserted, Position removed) const {
+    if (inserted.size() > static_cast<std::size_t>(maxTextLength - (length() - removed)))
+        throw RunTimeError(ErrorNumber::OutOfMemory);
+}
+
+// Only what differs is replaced: a rewrite that changes nothing costs no undo step and no paint.
+void EditBox::replace(Position at, Position removed, GlyphView inserted, const Selection& after) {
+    const Position prefix = commonPrefix(text_, at, removed, inserted);
+    inserted.remove_prefix(prefix);
+    at += prefix;
+    removed -= prefix;
+    const Position suffix = commonSuffix(text_, at + removed, removed, inserted);
+    inserted.remove_suffix(suffix);
+    removed -= suffix;
+    if (removed != 0 || !inserted.empty()) {
+        TextEdit edit{
+            .at = at, .removed = text_.copy(at, removed), .inserted = GlyphString(inserted)};
+        const Selection before = selection_;
+        apply(at, removed, inserted);
+        record(std::move(edit), before, after);
+    }
+    setSelection(after);
+}
+
+void EditBox::apply(Position at, Position removed, GlyphView inserted) {
+    text_.replace(at, removed, inserted);
+    const auto lines = lines_.replaced(text_, at, removed, static_cast<Position>(inserted.size()));
+    // The caller sets the selection; until then it must at least lie in the text.
+    selection_ = {.anchor = std::min(selection_.anchor, length()),
+                  .caret = std::min(selection_.caret, length())};
+    if (observer_ != nullptr)
+        observer_->textChanged(lines);
+}
+
+void EditBox::record(TextEdit edit, const Selection& before, const Selection& after) {
+    if (!inKeyEvent_)
+        history_.closeStep();
+    try {
+        history_.record(std::move(edit), before, after);
+    } catch (const std::bad_alloc&) {
+        history_.clear(); // the text is right, only its past is lost
+    }
+    if (!inKeyEvent_)
+        history_.closeStep();
+}
+
+void EditBox::setSelection(const Selection& selection) {
+    goalX_.reset();
+    if (selection == selection_)
+        return;
+    selection_ = selection;
+    if (observer_ != nullptr)
+        observer_->selectionChanged();
+}
+
+void EditBox::type(std::int16_t KeyAscii, std::int16_t Shift) {
+    const bool ctrl = (Shift & modifier::ctrl) != 0;
+    if (ctrl && KeyAscii == ctrlZ) {
+        (Shift & modifier::shift) != 0 ? redo() : undo();
+    } else if (ctrl && KeyAscii == ctrlBackspace) {
+        eraseTo(wordLeft(caretContext()));
+    } else if (ctrl) {
+        return;
+    } else if (KeyAscii == key::backspace) {
+        eraseTo(glyphLeft(caretContext()));
+    } else if (KeyAscii == key::enter) {
+        SelText(lineBreak);
+    } else if (KeyAscii == '\t' || (KeyAscii >= ' ' && KeyAscii <= 0xFF)) {
+        SelText(GlyphString(1, static_cast<char>(KeyAscii)));
+    }
+}
+
+void EditBox::eraseTo(Position place) {
+    Selection erased = selection_;
+    if (erased.isEmpty())
+        erased.caret = place;
+    const Position start = erased.start();
+    replace(start, erased.end() - start, "", {.anchor = start, .caret = start});
+}
+
+void EditBox::moveCaret(const CaretKey& key, bool extend) {
+    const Advance goalX = goalX_.value_or(key.vertical ? xOf(selection_.caret) : 0);
+    CaretContext from = caretContext();
+    from.goalX = goalX;
+    Position place = key.move(from);
+    const bool drops = !extend && !key.vertical && !selection_.isEmpty();
+    if (drops && key.move == glyphLeft)
+        place = selection_.start();
+    if (drops && key.move == glyphRight)
+        place = selection_.end();
+    setSelection({.anchor = extend ? selection_.anchor : place, .caret = place});
+    if (key.vertical)
+        goalX_ = goalX;
+}
+
+CaretContext EditBox::caretContext() const {
+    return {.text = text_,
+            .lines = lines_,
+            .caret = selection_.caret,
+            .pageLines = pageLines_,
+            .goalX = 0};
+}
+
+void EditBox::fontChanged() {
+    if (observer_ != nullptr)
+        observer_->fontChanged();
+}
+
+void EditBox::geometryChanged() {
+    if (observer_ != nullptr)
+        observer_->geometryChanged();
+}
+
+} // namespace quillet

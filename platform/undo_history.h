@@ -1,0 +1,64 @@
+// What a box needs to take back and repeat its changes.
+#pragma once
+
+#include "base/glyph_string.h"
+
+#include <cstddef>
+#include <deque>
+#include <vector>
+
+namespace quillet {
+
+/// The two ends of a selection; the caret is the one that moves.
+struct Selection {
+    Position anchor = 0;
+    Position caret = 0;
+
+    Position start() const { return anchor < caret ? anchor : caret; }
+    Position end() const { return anchor < caret ? caret : anchor; }
+    bool isEmpty() const { return anchor == caret; }
+
+    friend bool operator==(const Selection&, const Selection&) = default;
+};
+
+/// At `at`, `removed` gave way to `inserted`.
+struct TextEdit {
+    Position at = 0;
+    GlyphString removed;
+    GlyphString inserted;
+};
+
+/// The edits that one undo takes back together, with the selection before and after them.
+struct UndoStep {
+    std::vector<TextEdit> edits;
+    Selection before;
+    Selection after;
+};
+
+/// The steps behind and ahead of the present text. The oldest are forgotten beyond `maxSteps`.
+class UndoHistory {
+  public:
+    static constexpr std::size_t maxSteps = 10'000;
+
+    /// The next edit opens a step of its own.
+    void closeStep() { open_ = false; }
+
+    /// Adds an edit to the open step, or opens one; steps that were taken back are gone then.
+    void record(TextEdit edit, const Selection& before, const Selection& after);
+
+    bool canUndo() const { return done_ > 0; }
+    bool canRedo() const { return done_ < steps_.size(); }
+
+    /// The step to take back or to repeat now; only where `canUndo` or `canRedo` says so.
+    const UndoStep& undo();
+    const UndoStep& redo();
+
+    void clear();
+
+  private:
+    std::deque<UndoStep> steps_;
+    std::size_t done_ = 0; // the first `done_` steps are in the text
+    bool open_ = false;    // the last of them still takes edits
+};
+
+} // namespace quillet
