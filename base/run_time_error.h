@@ -36,14 +36,17 @@ class RunTimeError : public std::exception {
 /// catch it on its way to the event loop.
 struct EndOfProgram {};
 
-/// Runs one step of a command that skips failing steps: any error ends the step silently, a lack
-/// of memory too. `EndOfProgram` passes.
-template <class Step>
-void resumeNext(Step&& step) {
-    try {
-        step();
-    } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): skipping is the contract
-    }
+/// Runs the steps of a command that skips failing ones, in order: an error ends its own step
+/// silently, a lack of memory too. `EndOfProgram` passes.
+template <class... Steps>
+void resumeNext(Steps&&... steps) {
+    const auto run = [](auto&& step) {
+        try {
+            step();
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): skipping is the contract
+        }
+    };
+    (run(steps), ...);
 }
 
 } // namespace quillet

@@ -138,9 +138,10 @@ void EditBox::keyDown(std::int16_t KeyCode, std::int16_t Shift) {
     if ((Shift & modifier::alt) != 0)
         return;
     const bool ctrl = (Shift & modifier::ctrl) != 0;
+    const bool shift = (Shift & modifier::shift) != 0;
     if (const CaretKey* moves = findCaretKey(KeyCode, ctrl)) {
-        moveCaret(*moves, (Shift & modifier::shift) != 0);
-    } else if (KeyCode == key::del) {
+        moveCaret(*moves, shift);
+    } else if (KeyCode == key::del && !shift) {
         const KeyEvent event(*this);
         history_.closeStep();
         eraseTo(ctrl ? wordRight(caretContext()) : glyphRight(caretContext()));

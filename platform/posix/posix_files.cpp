@@ -1,0 +1,144 @@
+#include "platform/posix/posix_files.h"
+
+#include "base/run_time_error.h"
+#include "platform/posix/file_calls.h"
+#include "platform/posix/replacement.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fcntl.h>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+namespace quillet {
+namespace {
+
+using Parts = std::span<const GlyphView>;
+
+constexpr std::size_t smallestRead = 65536;
+constexpr int maxLinks = 40;
+constexpr mode_t newFileMode = 0666;
+constexpr mode_t privateMode = 0600;
+constexpr mode_t anyWriteBit = 0222;
+
+// No file has an empty name, and the system would take a NUL for the end of the name.
+void checkName(const std::string& path) {
+    if (path.empty() || path.find('\0') != std::string::npos)
+        throw RunTimeError(ErrorNumber::FileNotFound);
+}
+
+void checkLength(std::size_t length) {
+    if (length > static_cast<std::size_t>(maxTextLength))
+        throw RunTimeError(ErrorNumber::OutOfMemory);
+}
+
+// The size that the system reports is a hint: pipes and files made up on the fly have none.
+GapBuffer readToEnd(const FileDescriptor& file, std::size_t expected) {
+    checkLength(expected);
+    GapBuffer text;
+    std::size_t room = expected + smallestRead;
+    while (const std::size_t count = readSome(file, text.prepareAppend(room), room)) {
+        text.commitAppend(count);
+        checkLength(text.size());
+        room = std::max(room - count, smallestRead);
+    }
+    return text;
+}
+
+// The name that `path` leads to. Unlike the system's own search for it, this one is content with
+// a last link whose file does not exist yet.
+fs::path followLinks(fs::path path) {
+    for (int links = 0; links < maxLinks; ++links) {
+        std::error_code noLink;
+        const fs::path next = fs::read_symlink(path, noLink);
+        if (noLink)
+            return path;
+        path = path.parent_path() / next;
+    }
+    throw fileError(ELOOP);
+}
+
+void create(const fs::path& target, Parts parts) {
+    Replacement file(target, newFileMode);
+    if (!file.isCreated())
+        throw fileError(errno, target);
+    file.write(parts);
+    if (!file.takePlace())
+        throw fileError(errno, target);
+}
+
+// False where only overwriting the old file helps.
+bool replace(const fs::path& target, const struct stat& old, Parts parts) {
+    Replacement file(target, privateMode);
+    if (!file.isCreated() || !file.resemble(old))
+        return false;
+    file.write(parts);
+    return file.takePlace();
+}
+
+// Makes sure of the device's room for `size` bytes, or leaves the file as it was.
+void reserve(const FileDescriptor& file, off_t oldSize, off_t size) {
+    int error = size > oldSize ? EINTR : 0;
+    while (error == EINTR)
+        error = ::posix_fallocate(file.number(), oldSize, size - oldSize);
+    if (error == 0)
+        return;
+    static_cast<void>(!::ftruncate(file.number(), oldSize));
+    throw fileError(error);
+}
+
+void overwrite(const FileDescriptor& file, off_t oldSize, Parts parts) {
+    off_t size = 0;
+    for (const GlyphView part : parts)
+        size += static_cast<off_t>(part.size());
+    reserve(file, oldSize, size);
+    writeAll(file, parts);
+    if (::ftruncate(file.number(), size) != 0)
+        throw fileError(errno);
+    flush(file);
+}
+
+void writeToDevice(const FileDescriptor& device, Parts parts) {
+    writeAll(device, parts);
+    flush(device);
+}
+
+void writeToFile(const FileDescriptor& file, const std::string& path, Parts parts) {
+    const struct stat old = statusOf(file);
+    if (!S_ISREG(old.st_mode))
+        return writeToDevice(file, parts);
+    if ((old.st_mode & anyWriteBit) == 0)
+        throw RunTimeError(ErrorNumber::PathFileAccess);
+    if (!replace(followLinks(path), old, parts))
+        overwrite(file, old.st_size, parts);
+}
+
+} // namespace
+
+PosixFiles::PosixFiles() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+GapBuffer PosixFiles::read(const std::string& path) {
+    checkName(path);
+    const FileDescriptor file = openFile(path, O_RDONLY);
+    if (!file.isOpen())
+        throw fileError(errno, path);
+    return readToEnd(file, static_cast<std::size_t>(statusOf(file).st_size));
+}
+
+void PosixFiles::write(const std::string& path, Parts parts) {
+    checkName(path);
+    // Opening the old file for writing asks the system whether this user may change it.
+    const FileDescriptor old = openFile(path, O_WRONLY);
+    if (old.isOpen())
+        writeToFile(old, path, parts);
+    else if (errno == ENOENT)
+        create(followLinks(path), parts);
+    else
+        throw fileError(errno, path);
+}
+
+} // namespace quillet

@@ -1,0 +1,295 @@
+#include "platform/qt/edit_view.h"
+
+#include "platform/qt/entry.h"
+#include "platform/qt/key_translation.h"
+#include "platform/qt/line_painter.h"
+#include "platform/qt/qt_services.h"
+#include "window/context_menu.h"
+#include "window/frm_quillet.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleHints>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace quillet {
+namespace {
+
+// Room at the edges for what glyphs draw outside their own width.
+constexpr int margin = 4;
+
+// Comes before the repaint that is pending, and after all changes of one event.
+const auto settleEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+int pixels(Twips length) {
+    return static_cast<int>(std::lround(toPixels(length, QtScreen::dotsPerInch())));
+}
+
+} // namespace
+
+EditView::EditView(frmQuillet& form, QWidget* parent)
+    : QAbstractScrollArea(parent),
+      form_(form),
+      box_(form.txtMain),
+      keyboard_(form),
+      font_(form.txtMain),
+      shownSelection_(form.txtMain.selection()) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled, false); // dead keys are keys here
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setCursor(Qt::IBeamCursor);
+    viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    box_.setObserver(this);
+    geometryChanged();
+}
+
+EditView::~EditView() {
+    box_.setObserver(nullptr);
+}
+
+bool EditView::event(QEvent* event) {
+    if (event->type() == settleEvent) {
+        enter([this] { settle(); });
+        return true;
+    }
+    // Keys with Ctrl come here and not to the menu bar: the keyboard's tables decide on them.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (!key->modifiers().testFlag(Qt::AltModifier))
+            event->accept();
+        return true;
+    }
+    return QAbstractScrollArea::event(event);
+}
+
+void EditView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange)
+        viewport()->update();
+    QAbstractScrollArea::changeEvent(event);
+}
+
+void EditView::paintEvent(QPaintEvent* event) {
+    const QPalette& colors = palette();
+    const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), colors.color(group, QPalette::Base));
+    LinePainter lines(painter, box_, font_, colors, group);
+    // With a line more above and below, because glyphs reach into their neighbours.
+    const Position first = std::max(lineAt(event->rect().top()) - 1, topLine() - 1);
+    const Position last =
+        std::min(lineAt(event->rect().bottom()) + 1, box_.lines().lineCount() - 1);
+    for (Position line = std::max(first, 0); line <= last; ++line)
+        lines.paint(line, QPointF(margin, yOfLine(line)));
+    if (caretOn_ && hasFocus())
+        painter.fillRect(caretRect(), colors.color(group, QPalette::Text));
+}
+
+void EditView::resizeEvent(QResizeEvent* /*event*/) {
+    wrap();
+}
+
+void EditView::scrollContentsBy(int /*dx*/, int dy) {
+    if (std::abs(dy) <= visibleLines())
+        viewport()->scroll(0, dy * font_.lineHeight());
+    else
+        viewport()->update();
+}
+
+void EditView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != blinkTimer_.timerId())
+        return;
+    caretOn_ = !caretOn_;
+    viewport()->update(caretRect());
+}
+
+void EditView::keyPressEvent(QKeyEvent* event) {
+    enter([&] { keyboard_.press(translateKey(*event)); });
+}
+
+void EditView::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat())
+        enter([&] { keyboard_.release(translateKey(*event)); });
+}
+
+void EditView::focusInEvent(QFocusEvent* /*event*/) {
+    restartBlinking();
+}
+
+void EditView::focusOutEvent(QFocusEvent* /*event*/) {
+    blinkTimer_.stop();
+    viewport()->update(caretRect());
+    enter([this] { keyboard_.focusLost(); });
+}
+
+void EditView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const Position place = placeAt(event->position().toPoint());
+    const bool extends = event->modifiers().testFlag(Qt::ShiftModifier);
+    enter([&] { box_.select({extends ? box_.selection().anchor : place, place}); });
+}
+
+void EditView::mouseMoveEvent(QMouseEvent* event) {
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        return;
+    const Position place = placeAt(event->position().toPoint());
+    enter([&] { box_.select({box_.selection().anchor, place}); });
+}
+
+void EditView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    for (const ContextRow& row : contextMenu()) {
+        if (row.command == nullptr) {
+            menu.addSeparator();
+            continue;
+        }
+        QAction* action = menu.addAction(row.caption);
+        action->setEnabled(row.isEnabled(box_));
+        connect(action, &QAction::triggered, this,
+                [this, &row] { enter([&] { (form_.*row.command)(); }); });
+    }
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu.exec(byKey ? viewport()->mapToGlobal(caretRect().bottomLeft()) : event->globalPos());
+}
+
+void EditView::textChanged(const LineChange& lines) {
+    const bool othersStay = lines.after == lines.before;
+    updateScrollBar();
+    updateLines(lines.first, othersStay ? lines.first + lines.after - 1 : maxTextLength);
+    askToSettle();
+}
+
+void EditView::selectionChanged() {
+    askToSettle();
+}
+
+void EditView::fontChanged() {
+    font_ = GlyphFont(box_);
+    wrap();
+    viewport()->update();
+}
+
+void EditView::geometryChanged() {
+    setGeometry(pixels(box_.Left()), pixels(box_.Top()), pixels(box_.Width()),
+                pixels(box_.Height()));
+}
+
+// Wraps the text for the present font and width, and keeps the text at the top where it is.
+void EditView::wrap() {
+    const LineMetrics metrics = font_.lineMetrics(viewport()->width() - 2 * margin);
+    const LineMetrics& old = box_.lines().metrics();
+    if (metrics.width != old.width || metrics.advances != old.advances) {
+        const Position top = box_.lines().lineStart(topLine());
+        box_.setMetrics(metrics);
+        updateScrollBar();
+        verticalScrollBar()->setValue(box_.lines().lineOf(top));
+    }
+    box_.setPageLines(std::max(1, visibleLines() - 1));
+    updateScrollBar();
+    askToSettle();
+}
+
+void EditView::askToSettle() {
+    if (settlePending_)
+        return;
+    settlePending_ = true;
+    QCoreApplication::postEvent(this, new QEvent(settleEvent));
+}
+
+void EditView::settle() {
+    settlePending_ = false;
+    if (shownSelection_ != box_.selection()) {
+        updateSelection(shownSelection_);
+        shownSelection_ = box_.selection();
+        updateSelection(shownSelection_);
+    }
+    showCaret();
+    restartBlinking();
+}
+
+void EditView::showCaret() {
+    const Position line = box_.caretLine();
+    const Position top = topLine();
+    if (line < top)
+        verticalScrollBar()->setValue(line);
+    else if (line >= top + visibleLines())
+        verticalScrollBar()->setValue(line - visibleLines() + 1);
+}
+
+void EditView::restartBlinking() {
+    const int period = QGuiApplication::styleHints()->cursorFlashTime();
+    caretOn_ = true;
+    if (hasFocus() && period > 0)
+        blinkTimer_.start(period / 2, this);
+    viewport()->update(caretRect());
+}
+
+void EditView::updateScrollBar() {
+    const Position visible = visibleLines();
+    verticalScrollBar()->setPageStep(visible);
+    verticalScrollBar()->setRange(0, std::max(0, box_.lines().lineCount() - visible));
+}
+
+void EditView::updateLines(Position first, Position last) {
+    const Position top = topLine();
+    const Position from = std::max(first, top);
+    const Position to = std::min(last, top + visibleLines());
+    if (from <= to)
+        viewport()->update(0, yOfLine(from), viewport()->width(),
+                           (to - from + 1) * font_.lineHeight());
+}
+
+void EditView::updateSelection(const Selection& selection) {
+    const Position end = box_.length();
+    const Position first = box_.lines().lineOf(std::min(selection.start(), end));
+    const Position last = box_.lines().lineOf(std::min(selection.end(), end));
+    updateLines(first, last);
+}
+
+Position EditView::topLine() const {
+    return verticalScrollBar()->value();
+}
+
+// Whole lines only.
+Position EditView::visibleLines() const {
+    return std::max(1, (viewport()->height() - margin) / font_.lineHeight());
+}
+
+Position EditView::lineAt(int y) const {
+    return topLine() + std::max(0, y - margin) / font_.lineHeight();
+}
+
+Position EditView::placeAt(QPoint point) const {
+    const int above = point.y() < margin ? 1 : 0;
+    const Position line = std::clamp(lineAt(point.y()) - above, 0, box_.lines().lineCount() - 1);
+    return box_.placeAt(line, (point.x() - margin) * advancePerPixel);
+}
+
+int EditView::yOfLine(Position line) const {
+    return margin + (line - topLine()) * font_.lineHeight();
+}
+
+QRect EditView::caretRect() const {
+    const Position line = box_.caretLine();
+    const Position top = topLine();
+    if (line < top || line > top + visibleLines())
+        return {};
+    const int x = margin + box_.xOf(box_.selection().caret) / advancePerPixel;
+    const int width = style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this);
+    const int rightmost = viewport()->width() - width;
+    return {std::min(x, rightmost), yOfLine(line), width, font_.lineHeight()};
+}
+
+} // namespace quillet

@@ -1,0 +1,20 @@
+// The one way from an event of the toolkit into the program.
+#pragma once
+
+#include <functional>
+
+namespace quillet {
+
+/// Runs `work` for an event. Nothing thrown crosses the toolkit's frames: `EndOfProgram` ends the
+/// program, and an error that nothing has caught is reported first. Once the program has ended,
+/// events run nothing any more.
+void enter(const std::function<void()>& work);
+
+/// Ends the program: every window disappears and all event loops return.
+void endProgram(int exitCode = 0);
+
+/// To be called when a modal loop returns: goes on ending the program where that has begun
+/// meanwhile, by throwing `EndOfProgram`.
+void leaveModalLoop();
+
+} // namespace quillet

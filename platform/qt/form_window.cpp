@@ -1,0 +1,105 @@
+#include "platform/qt/form_window.h"
+
+#include "platform/form.h"
+#include "platform/qt/entry.h"
+#include "platform/qt/icons.h"
+#include "platform/qt/qt_services.h"
+#include "platform/qt/text_codec.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include <cmath>
+
+namespace quillet {
+namespace {
+
+int pixels(Twips length) {
+    return static_cast<int>(std::lround(toPixels(length, QtScreen::dotsPerInch())));
+}
+
+QFont fontOf(const ControlFont& design, const QFont& standard) {
+    QFont font = standard;
+    if (design.family != nullptr)
+        font.setFamily(design.family);
+    if (design.points > 0)
+        font.setPointSizeF(design.points);
+    font.setBold(design.bold);
+    return font;
+}
+
+} // namespace
+
+FormWindow::FormWindow(Form& form) : form_(form) {
+    const FormDesign& design = form.design();
+    setFixedSize(pixels(design.width), pixels(design.height));
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    QWidget* previous = nullptr;
+    for (Control& control : form.controls()) {
+        const ControlDesign& row = control.design();
+        QWidget* widget = makeWidget(control);
+        widget->setObjectName(row.name);
+        widget->setFont(fontOf(row.font, font()));
+        widget->setGeometry(pixels(row.left), pixels(row.top), pixels(row.width),
+                            pixels(row.height));
+        if (previous != nullptr)
+            setTabOrder(previous, widget);
+        previous = widget;
+    }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore(); // the form decides, and has its window taken away
+    enter([this] { form_.close(); });
+}
+
+QWidget* FormWindow::makeWidget(Control& control) {
+    switch (control.design().kind) {
+    case ControlKind::Label:
+        return makeLabel(control);
+    case ControlKind::Button:
+        return makeButton(control);
+    case ControlKind::Picture:
+        return makePicture(control);
+    case ControlKind::DropDownList:
+        return makeDropDownList(control);
+    }
+    return new QWidget(this);
+}
+
+QWidget* FormWindow::makeLabel(const Control& control) {
+    auto* label = new QLabel(fromUtf8(control.Caption()), this);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setWordWrap(true);
+    return label;
+}
+
+QWidget* FormWindow::makeButton(Control& control) {
+    auto* button = new QPushButton(fromUtf8(control.Caption()), this);
+    connect(button, &QPushButton::clicked, this,
+            [&control] { enter([&control] { control.click(); }); });
+    return button;
+}
+
+QWidget* FormWindow::makePicture(const Control& control) {
+    auto* label = new QLabel(this);
+    const ControlDesign& row = control.design();
+    label->setPixmap(picture(row.caption, pixels(row.height)));
+    return label;
+}
+
+QWidget* FormWindow::makeDropDownList(Control& control) {
+    auto* list = new QComboBox(this);
+    for (const std::string& entry : control.List)
+        list->addItem(displayText(entry));
+    list->setPlaceholderText(displayText(control.Caption()));
+    list->setCurrentIndex(control.ListIndex);
+    connect(list, &QComboBox::activated, this,
+            [&control](int index) { enter([&control, index] { control.choose(index); }); });
+    return list;
+}
+
+} // namespace quillet

@@ -1,0 +1,36 @@
+// The font of the box as the toolkit draws and measures it.
+#pragma once
+
+#include "platform/edit_box.h"
+
+#include <QFont>
+
+namespace quillet {
+
+/// A font whose glyphs stand exactly where the table of advances says: without kerning, hinting
+/// and glyphs from other fonts.
+class GlyphFont {
+  public:
+    /// The font of `box` as it is now.
+    explicit GlyphFont(const EditBox& box);
+
+    const QFont& font() const { return font_; }
+
+    /// Logical pixels.
+    int lineHeight() const { return lineHeight_; }
+    int ascent() const { return ascent_; }
+
+    /// The metrics of lines `width` logical pixels wide.
+    LineMetrics lineMetrics(int width) const;
+
+    /// Control characters have no glyph; they are shown as a small frame.
+    static bool isDrawn(char glyph);
+
+  private:
+    QFont font_;
+    std::array<Advance, 256> advances_{};
+    int lineHeight_ = 1;
+    int ascent_ = 1;
+};
+
+} // namespace quillet

@@ -1,0 +1,21 @@
+// The pictures of the program.
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+
+#include <string_view>
+
+namespace quillet {
+
+/// The image of the image list under `key`; it draws itself in every size. An unknown key gives
+/// an empty icon.
+QIcon toolbarIcon(std::string_view key);
+
+/// The icon of the product.
+QIcon productIcon();
+
+/// The picture called `key`, `size` logical pixels wide and high.
+QPixmap picture(std::string_view key, int size);
+
+} // namespace quillet

@@ -1,0 +1,86 @@
+#include "platform/qt/line_painter.h"
+
+#include "platform/qt/text_codec.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace quillet {
+
+LinePainter::LinePainter(QPainter& painter, const EditBox& box, const GlyphFont& font,
+                         const QPalette& palette, QPalette::ColorGroup group)
+    : painter_(painter),
+      box_(box),
+      font_(font),
+      palette_(palette),
+      group_(group) {
+    painter_.setFont(font.font());
+}
+
+void LinePainter::paint(Position line, QPointF at) {
+    origin_ = at;
+    measure(line);
+    paintText(palette_.color(group_, QPalette::Text));
+    paintSelection(line);
+}
+
+void LinePainter::measure(Position line) {
+    start_ = box_.lines().lineStart(line);
+    text_ = box_.lineText(line);
+    while (!text_.empty() && (text_.back() == '\r' || text_.back() == '\n'))
+        text_.pop_back();
+    offsets_.assign(1, 0);
+    for (const char glyph : text_)
+        offsets_.push_back(box_.lines().advanceFrom(offsets_.back(), glyph));
+}
+
+// The selected text is painted over once more, because glyphs reach beyond their own width.
+void LinePainter::paintSelection(Position line) {
+    const Position end = box_.lines().lineStart(line + 1);
+    const Position from = std::max(box_.SelStart(), start_);
+    const Position to = std::min(box_.SelStart() + box_.SelLength(), end);
+    if (from >= to)
+        return;
+    const auto textEnd = start_ + static_cast<Position>(text_.size());
+    const double breakWidth = to > textEnd ? font_.lineHeight() / 4.0 : 0;
+    const double left = xAt(std::min(from, textEnd));
+    const double right = xAt(std::min(to, textEnd)) + breakWidth;
+    const QRectF selected(left, origin_.y(), right - left, font_.lineHeight());
+    painter_.save();
+    painter_.setClipRect(selected, Qt::IntersectClip);
+    painter_.fillRect(selected, palette_.color(group_, QPalette::Highlight));
+    paintText(palette_.color(group_, QPalette::HighlightedText));
+    painter_.restore();
+}
+
+void LinePainter::paintText(const QColor& color) {
+    painter_.setPen(color);
+    std::size_t from = 0;
+    for (std::size_t at = 0; at < text_.size(); ++at) {
+        if (GlyphFont::isDrawn(text_[at]))
+            continue;
+        paintPart(from, at);
+        from = at + 1;
+        if (text_[at] == '\t')
+            continue;
+        const double left = xAt(start_ + static_cast<Position>(at));
+        const double right = xAt(start_ + static_cast<Position>(from));
+        const double height = font_.ascent() / 2.0;
+        painter_.drawRect(QRectF(left + 1, origin_.y() + height, right - left - 2, height));
+    }
+    paintPart(from, text_.size());
+}
+
+void LinePainter::paintPart(std::size_t from, std::size_t to) {
+    if (from == to)
+        return;
+    const QPointF baseline(xAt(start_ + static_cast<Position>(from)), origin_.y() + font_.ascent());
+    painter_.drawText(baseline, displayText(GlyphView(text_).substr(from, to - from)));
+}
+
+double LinePainter::xAt(Position place) const {
+    return origin_.x() + static_cast<double>(offsets_[place - start_]) / advancePerPixel;
+}
+
+} // namespace quillet

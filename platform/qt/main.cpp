@@ -1,0 +1,49 @@
+#include "platform/desktop.h"
+#include "platform/message_box.h"
+#include "platform/posix/posix_files.h"
+#include "platform/qt/auto_repeat.h"
+#include "platform/qt/entry.h"
+#include "platform/qt/qt_forms.h"
+#include "platform/qt/qt_services.h"
+#include "window/frm_quillet.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+// Without a display the toolkit would abort.
+bool hasDisplay() {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return true;
+    return false;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace quillet;
+    if (!hasDisplay()) {
+        std::fputs("quillet: no display: it needs a desktop to open its window on\n", stderr);
+        return 1;
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Quillet");
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
+    requestDetectableAutoRepeat();
+
+    QtMessageBox messageBox;
+    QtFileChooser fileChooser;
+    QtClipboard clipboard;
+    QtScreen screen;
+    PosixFiles files;
+    QtForms forms;
+    frmQuillet form({messageBox, fileChooser, files, clipboard, screen, forms});
+    enter([&form] { form.show(); });
+    const int exitCode = QApplication::exec();
+    forms.dropWindows();
+    return exitCode;
+}

@@ -1,0 +1,57 @@
+#include "platform/qt/qt_forms.h"
+
+#include "platform/form.h"
+#include "platform/qt/entry.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/main_window.h"
+#include "platform/qt/text_codec.h"
+#include "window/frm_quillet.h"
+
+#include <QWidget>
+
+namespace quillet {
+namespace {
+
+QWidget* makeWindow(Form& form) {
+    if (auto* main = dynamic_cast<frmQuillet*>(&form))
+        return new MainWindow(*main);
+    return new FormWindow(form);
+}
+
+} // namespace
+
+void QtForms::show(Form& form) {
+    QWidget*& window = windows_[&form];
+    if (window == nullptr) {
+        window = makeWindow(form);
+        window->setWindowTitle(fromUtf8(form.Caption()));
+        form.design().frame == FormFrame::Maximized ? window->showMaximized() : window->show();
+    }
+    window->raise();
+    window->activateWindow();
+}
+
+void QtForms::hide(Form& form) {
+    const auto found = windows_.find(&form);
+    if (found == windows_.end())
+        return;
+    found->second->hide();
+    found->second->deleteLater(); // an event of this window may be what hides it
+    windows_.erase(found);
+    if (windows_.empty())
+        endProgram();
+}
+
+void QtForms::captionChanged(Form& form) {
+    const auto found = windows_.find(&form);
+    if (found != windows_.end())
+        found->second->setWindowTitle(fromUtf8(form.Caption()));
+}
+
+void QtForms::dropWindows() {
+    for (const auto& [form, window] : windows_)
+        delete window;
+    windows_.clear();
+}
+
+} // namespace quillet

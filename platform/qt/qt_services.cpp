@@ -1,0 +1,144 @@
+#include "platform/qt/qt_services.h"
+
+#include "platform/qt/entry.h"
+#include "platform/qt/text_codec.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScreen>
+#include <QStandardPaths>
+
+namespace quillet {
+namespace {
+
+QMessageBox::StandardButtons qtButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::Ok:
+        return QMessageBox::Ok;
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+// Without a Cancel button Qt takes Esc and the close box for No; here they are no answer.
+class PatientBox : public QMessageBox {
+  public:
+    PatientBox(const Message& message, QWidget* parent)
+        : QMessageBox(NoIcon, fromUtf8(message.title), fromUtf8(message.text),
+                      qtButtons(message.buttons), parent),
+          mustChoose_(message.buttons == Buttons::YesNo) {
+        setTextFormat(Qt::PlainText);
+        if (mustChoose_)
+            setWindowFlag(Qt::WindowCloseButtonHint, false);
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!mustChoose_ || !event->matches(QKeySequence::Cancel))
+            QMessageBox::keyPressEvent(event);
+    }
+
+    void closeEvent(QCloseEvent* event) override {
+        if (mustChoose_)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+  private:
+    bool mustChoose_;
+};
+
+QStringList nameFilters(const std::vector<FileFilter>& filters) {
+    QStringList names;
+    for (const FileFilter& filter : filters) {
+        QString patterns = fromUtf8(filter.patterns);
+        patterns.replace(';', ' ');
+        names << QStringLiteral("%1 (%2)").arg(fromUtf8(filter.description), patterns);
+    }
+    return names;
+}
+
+void startAt(QFileDialog& dialog, const QString& name) {
+    if (name.isEmpty()) {
+        dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        return;
+    }
+    dialog.setDirectory(QFileInfo(name).absolutePath());
+    dialog.selectFile(name);
+}
+
+} // namespace
+
+Answer QtMessageBox::show(const Message& message) {
+    PatientBox box(message, QApplication::activeWindow());
+    const int button = box.exec();
+    leaveModalLoop();
+    return answerOf(button);
+}
+
+// Qt's own dialog: the native ones do not accept a name that is not there, and ask questions of
+// their own.
+std::optional<std::string> QtFileChooser::choose(Purpose purpose,
+                                                 const std::vector<FileFilter>& filters,
+                                                 const std::string& startName) {
+    const bool saves = purpose == Purpose::Save;
+    QFileDialog dialog(QApplication::activeWindow(), saves ? "Save As" : "Open");
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setNameFilters(nameFilters(filters));
+    startAt(dialog, fromUtf8(startName));
+    const bool chosen = dialog.exec() == QDialog::Accepted;
+    leaveModalLoop();
+    if (!chosen)
+        return std::nullopt;
+    return dialog.selectedFiles().value(0).toStdString();
+}
+
+void QtClipboard::setText(GlyphView text) {
+    QGuiApplication::clipboard()->setText(displayText(text));
+}
+
+GlyphString QtClipboard::text() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr && data->hasText() ? glyphText(data->text()) : GlyphString();
+}
+
+double QtScreen::dotsPerInch() {
+    return QGuiApplication::primaryScreen()->logicalDotsPerInch();
+}
+
+Twips QtScreen::width() const {
+    return fromPixels(QGuiApplication::primaryScreen()->size().width(), dotsPerInch());
+}
+
+Twips QtScreen::height() const {
+    return fromPixels(QGuiApplication::primaryScreen()->size().height(), dotsPerInch());
+}
+
+} // namespace quillet

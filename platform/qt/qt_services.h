@@ -1,0 +1,37 @@
+// The desktop's boxes, dialogs, clipboard and screen, made of Qt.
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/common_dialog.h"
+#include "platform/message_box.h"
+#include "platform/screen.h"
+
+namespace quillet {
+
+class QtMessageBox : public MessageBox {
+  public:
+    Answer show(const Message& message) override;
+};
+
+class QtFileChooser : public FileChooser {
+  public:
+    std::optional<std::string> choose(Purpose purpose, const std::vector<FileFilter>& filters,
+                                      const std::string& startName) override;
+};
+
+class QtClipboard : public Clipboard {
+  public:
+    void setText(GlyphView text) override;
+    GlyphString text() override;
+};
+
+class QtScreen : public Screen {
+  public:
+    Twips width() const override;
+    Twips height() const override;
+
+    /// The dots per inch that twips are turned into pixels with.
+    static double dotsPerInch();
+};
+
+} // namespace quillet

@@ -1,0 +1,173 @@
+// The box as the program sees it: text, selection, undo, keys.
+#include "base/run_time_error.h"
+#include "platform/edit_box.h"
+#include "platform/key_codes.h"
+#include "tests/typing.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace quillet {
+namespace {
+
+TEST(EditBox, SelectionFollowsTheRulesOfItsProperties) {
+    EditBox box({});
+    box.Text("abcdef");
+    EXPECT_EQ(box.SelStart(), 0);
+    box.SelStart(2);
+    box.SelLength(3);
+    EXPECT_EQ(box.SelText(), "cde");
+    EXPECT_THROW(box.SelStart(-1), RunTimeError);
+    EXPECT_THROW(box.SelLength(-1), RunTimeError);
+    EXPECT_EQ(box.SelText(), "cde") << "a refused value changes nothing";
+
+    box.SelText("XY");
+    EXPECT_EQ(box.Text(), "abXYf");
+    EXPECT_EQ(box.SelStart(), 4);
+    EXPECT_EQ(box.SelLength(), 0);
+
+    box.SelStart(99);
+    EXPECT_EQ(box.SelStart(), 5);
+    box.SelStart(3);
+    box.SelLength(99);
+    EXPECT_EQ(box.SelText(), "Yf");
+    box.SelStart(1);
+    EXPECT_EQ(box.SelLength(), 0);
+    box.Text("abXYf");
+    EXPECT_EQ(box.SelStart(), 0) << "writing even the same text moves the caret";
+}
+
+TEST(EditBox, EveryCharacterIsTypedOrNot) {
+    for (int code = 0; code < 256; ++code) {
+        EditBox box({});
+        box.Text("a");
+        box.SelLength(1);
+        box.keyPress(static_cast<std::int16_t>(code), 0);
+        const bool types = code >= 0x20 || code == 9;
+        const bool removes = code == key::backspace;
+        const std::string typed =
+            code == key::enter ? "\r\n" : std::string(1, static_cast<char>(code));
+        const std::string kept = removes ? "" : "a";
+        EXPECT_EQ(box.Text(), types || code == key::enter ? typed : kept) << "code " << code;
+        box.Text("a");
+        box.keyPress(static_cast<std::int16_t>(code), modifier::ctrl);
+        EXPECT_EQ(box.Text(), code == 26 ? box.Text() : "a") << "Ctrl and code " << code;
+    }
+}
+
+TEST(EditBox, KeyHandlersComeFirstAndMayChangeTheCharacter) {
+    EditBox box({});
+    std::string events;
+    box.KeyDown = [&](auto code, auto shift) {
+        events += "down " + std::to_string(code) + ":" + std::to_string(shift) + " at " +
+                  std::to_string(box.SelStart()) + "; ";
+    };
+    box.KeyPress = [&](auto& code) {
+        events += "press " + std::to_string(code) + "; ";
+        code = 'x';
+    };
+    box.KeyUp = [&](auto code, auto /*shift*/) { events += "up " + std::to_string(code) + "; "; };
+    box.Text("ab");
+    box.SelStart(1);
+    box.keyDown(key::left, modifier::shift);
+    box.keyPress('q', 0);
+    box.keyUp('Q', 0);
+    EXPECT_EQ(events, "down 37:1 at 1; press 113; up 81; ");
+    EXPECT_EQ(box.Text(), "xb") << "typed over the selection that the arrow made";
+    box.SelText("y");
+    box.undo();
+    EXPECT_EQ(events, "down 37:1 at 1; press 113; up 81; ") << "only real keys raise events";
+}
+
+// One keystroke is one step with all that its release rewrites, also when keys overlap.
+TEST(EditBox, UndoTakesBackWholeKeystrokes) {
+    EditBox box({});
+    box.KeyUp = [&](auto code, auto) {
+        if (code == 'B' || code == 'D')
+            box.SelText("+");
+    };
+    const typing::Key a{'A', 0, 'a'};
+    const typing::Key b{'B', 0, 'b'};
+    typing::strike(box, a);
+    typing::strike(box, b);
+    typing::press(box, a);
+    typing::press(box, b);
+    typing::release(box, a);
+    typing::release(box, b);
+    box.SelStart(0);
+    box.SelText("123");
+    EXPECT_EQ(box.Text(), "123ab+ab+");
+    const char* steps[] = {"ab+ab+", "ab+a", "ab+", "a", ""};
+    for (const char* text : steps) {
+        box.undo();
+        EXPECT_EQ(box.Text(), text);
+        EXPECT_EQ(box.SelStart(), text[0] == '\0' || box.length() == 6 ? 0 : box.length());
+    }
+    EXPECT_FALSE(box.canUndo());
+    box.undo();
+    for (int step = 0; step < 6; ++step)
+        box.redo();
+    EXPECT_EQ(box.Text(), "123ab+ab+");
+    EXPECT_FALSE(box.canRedo());
+}
+
+TEST(EditBox, UndoByKeysAndWhatEndsTheHistory) {
+    EditBox box({});
+    typing::type(box, "ab");
+    typing::strikeWithCtrl(box, 'Z');
+    EXPECT_EQ(box.Text(), "a");
+    box.keyPress(26, modifier::ctrl | modifier::shift);
+    EXPECT_EQ(box.Text(), "ab");
+    box.undo();
+    typing::type(box, "c");
+    EXPECT_FALSE(box.canRedo()) << "typing forgets what was taken back";
+
+    box.SelStart(0);
+    box.SelLength(2);
+    box.SelText("ac");
+    box.undo();
+    EXPECT_EQ(box.Text(), "a") << "a rewrite that changes nothing is no step";
+
+    box.load(GapBuffer("new"));
+    EXPECT_FALSE(box.canUndo());
+    EXPECT_EQ(box.Text(), "new");
+    for (std::size_t step = 0; step < UndoHistory::maxSteps + 5; ++step)
+        box.keyPress('x', 0);
+    while (box.canUndo())
+        box.undo();
+    EXPECT_EQ(box.Text(), "xxxxxnew") << "the oldest steps are forgotten";
+}
+
+TEST(EditBox, AgreesWithAPlainStringAndTakesEverythingBack) {
+    std::mt19937 random(3);
+    const auto below = [&](Position limit) {
+        return static_cast<Position>(random() % (limit + 1));
+    };
+    EditBox box({});
+    box.setMetrics({.width = 64});
+    std::string plain;
+    std::vector<std::string> past = {plain};
+    for (int step = 0; step < 5'000; ++step) {
+        const Position start = below(static_cast<Position>(plain.size()));
+        const Position length = below(5);
+        std::string text(below(4), '\0');
+        for (char& glyph : text)
+            glyph = static_cast<char>(random());
+        box.SelStart(start);
+        box.SelLength(length);
+        box.SelText(text);
+        plain.replace(start, length, text);
+        ASSERT_EQ(box.Text(), plain) << "step " << step;
+        if (plain != past.back())
+            past.push_back(plain);
+    }
+    for (auto state = past.rbegin() + 1; state != past.rend(); ++state) {
+        box.undo();
+        ASSERT_EQ(box.Text(), *state);
+    }
+    EXPECT_FALSE(box.canUndo());
+}
+
+} // namespace
+} // namespace quillet

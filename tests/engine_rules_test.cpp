@@ -1,0 +1,159 @@
+// The rewrite rules against a slow and obvious reading of them.
+#include "base/run_time_error.h"
+#include "tests/engine_window.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace quillet {
+namespace {
+
+struct Rule {
+    GlyphView pattern;
+    GlyphView replacement;
+};
+
+// In the order of application. Octal where a hex code would swallow the next glyph.
+constexpr Rule rules[] = {
+    {"d~", "D"},        {"[k~", "["},       {"x~", "X"},       {"?k~", "?"},      {"p~", "P"},
+    {"t~", "T"},        {">~", "\xD6"},     {"i~", "I"},       {"Q~", "\xB6"},    {"c~", "C"},
+    {"Hk~", "H"},       {"e~", "E"},        {".k~", "."},      {"r~", "R"},       {"Fk~", "F"},
+    {"/k~", "/"},       {"u~", "U"},        {";~", "\xB8"},    {"y~", "Y"},       {"o~", "O"},
+    {"'k~", "'"},       {"\"k~", "\""},     {"g~", "\xBA"},    {"{k~", "{"},      {"=~", "\xAB"},
+    {"l~", "L"},        {"Z~", "~Z"},       {"jw", ":"},       {"jq", "#"},       {"Lj", "lz"},
+    {"Dj", "\xD8"},     {"[j", "\xA3"},     {"Xj", "xz"},      {"?j", "?kz"},     {"Ij", "\xC1"},
+    {"\xB6j", "\xDD"},  {"Cj", "cz"},       {"Hj", "Hkz"},     {"Ej", "ez"},      {"Pj", "pz"},
+    {"N~j", "N\xAA"},   {"Tj", "tz"},       {"\xD6j", ">z"},   {"V~j", "V\xAA"},  {"B~j", "B\xAA"},
+    {"M~j", "M\xAA"},   {"<~j", "<\xAA"},   {".j", ".kz"},     {"Rj", "="},       {"Fj", "Fkz"},
+    {"n~j", "\xE6"},    {"/j", "/kz"},      {"Uj", "uz"},      {"'j", "J"},       {"\"j", "\"kz"},
+    {"{j", "{kz"},      {"K~j", "Kz"},      {"\xB8j", ";z"},   {"Yj", "yz"},      {"Oj", "oz"},
+    {"j~j", "jZ"},      {"j~d", "dZ"},      {"j~[k", "[kZ"},   {"j~x", "xZ"},     {"j~?k", "?kZ"},
+    {"j~p", "pZ"},      {"j~N", "NZ"},      {"j~t", "tZ"},     {"j~>", ">Z"},     {"j~r", "rZ"},
+    {"j~Fk", "FkZ"},    {"j~n", "nZ"},      {"j~/k", "/kZ"},   {"j~u", "uZ"},     {"j~i", "iZ"},
+    {"j~Q", "QZ"},      {"j~c", "cZ"},      {"j~Hk", "HkZ"},   {"j~e", "eZ"},     {"j~V", "VZ"},
+    {"j~B", "BZ"},      {"j~M", "MZ"},      {"j~<", "<Z"},     {"j~.k", ".kZ"},   {"j~'k", "'kZ"},
+    {"j~\"", "\"Z"},    {"j~l", "lZ"},      {"j~g", "gZ"},     {"j~;", ";Z"},     {"j~y", "yZ"},
+    {"j~o", "oZ"},      {"j~{k", "{kZ"},    {"j~=", "=Z"},     {"j~K", "KZ"},     {"j~v", "vZ"},
+    {"Zk", "kZ"},       {"Z\xA8", "\xA8Z"}, {"Zh", "hZ"},      {"Zs", "sZ"},      {"ZS", "SZ"},
+    {"Z\xA9", "\xA9Z"}, {"Hn", "\x98"},     {"Uu", "\xE9"},    {"\xBA;", "\xE1"}, {"g`", "\xE2"},
+    {"Dr", "\xE4"},     {"Dd", "\xF4"},     {"\xBAu", "\xE0"}, {"\272e", "\xE3"}, {"D\"k", "{k"},
+    {"n~;", "|"},       {"n~/k", ")"},      {"n~o", "}"},      {"n~n", "\xCC"},   {"Rr", "\x9Fk"},
+    {"M~M", "\xCF"},    {"M~<", "\xD4"},    {"V~V", "\xCD"},   {"V~B", "\xCE"},   {"n~e", "\xF9"},
+    {"oj~YM", "oYMZ"},  {"dff", "fd "},     {"'~k", "'"},      {"Hhk", "Hkh"},    {"'hk", "'kh"},
+    {"Fhk", "Fkh"},     {"/hk", "/kh"},     {"[hk", "[kh"},    {".hk", ".kh"},    {"\"hk", "\"kh"},
+    {"?hk", "?kh"},
+};
+static_assert(std::size(rules) == 131);
+
+GlyphString replaceEvery(GlyphView text, const Rule& rule) {
+    GlyphString result;
+    while (!text.empty()) {
+        const bool here = text.substr(0, rule.pattern.size()) == rule.pattern;
+        result += here ? rule.replacement : text.substr(0, 1);
+        text.remove_prefix(here ? rule.pattern.size() : 1);
+    }
+    return result;
+}
+
+GlyphString rewritten(GlyphString text) {
+    for (const Rule& rule : rules) {
+        if (text.find(rule.pattern) != GlyphString::npos)
+            text = replaceEvery(text, rule);
+    }
+    return text;
+}
+
+bool agrees(EngineWindow& window, const GlyphString& text) {
+    const GlyphString expected = rewritten(text);
+    GlyphString changed = text;
+    return window.check_mixed_chars(changed) == expected && changed == expected;
+}
+
+TEST(EngineRules, AgreeOnEveryShortTextOfTellingGlyphs) {
+    constexpr GlyphView alphabet = "d~kjZf?Hhn\xBA;";
+    EngineWindow window;
+    GlyphString text;
+    for (std::size_t length = 0; length <= 5; ++length) {
+        const auto count = std::lround(std::pow(alphabet.size(), length));
+        for (long number = 0; number < count; ++number) {
+            text.clear();
+            for (auto rest = static_cast<std::size_t>(number); text.size() < length;
+                 rest /= alphabet.size())
+                text += alphabet[rest % alphabet.size()];
+            ASSERT_TRUE(agrees(window, text)) << testing::PrintToString(text);
+        }
+    }
+}
+
+TEST(EngineRules, AgreeOnEveryPairOfPatterns) {
+    EngineWindow window;
+    for (const Rule& first : rules) {
+        for (const Rule& second : rules) {
+            const GlyphString text = GlyphString(first.pattern) + GlyphString(second.pattern);
+            ASSERT_TRUE(agrees(window, text)) << testing::PrintToString(text);
+        }
+    }
+}
+
+TEST(EngineRules, RephMovesPastOneGlyphButNotOverASpace) {
+    EngineWindow window;
+    for (const auto& [before, after] :
+         {std::pair("~Zd", "~dZ"), {"~Z d", "~Z d"}, {"ZdZ", "dZZ"}}) {
+        GlyphString text = before;
+        EXPECT_EQ(window.check_halant_ref_special(text), after);
+        EXPECT_EQ(text, after);
+    }
+    for (GlyphString text : {"V~Z", "d", ""}) {
+        const GlyphString before = text;
+        EXPECT_THROW(window.check_halant_ref_special(text), RunTimeError) << before;
+        EXPECT_EQ(text, before);
+    }
+}
+
+TEST(EngineRules, ShortIMovesPastHalfForms) {
+    constexpr GlyphView halfForms = "\"'./CDEFHILOPRTUXY[{\xB8\xCB\xD6\xD9\xDC\xE8\x9F\x99";
+    EngineWindow window;
+    EditBox& box = window.txtMain;
+    const auto moves = [&](const GlyphString& text, void (InputEngine::*step)()) {
+        box.Text(text);
+        box.SelStart(box.length());
+        (window.*step)();
+        return box.Text() != text;
+    };
+    for (int code = 0; code <= 255; ++code) {
+        SCOPED_TRACE(code);
+        const GlyphString first(1, static_cast<char>(code));
+        const bool isHalf = halfForms.find(first) != GlyphView::npos;
+        EXPECT_EQ(moves(first + "fd", &InputEngine::convert_123_to_213_spl),
+                  isHalf || first == "~" || first == "\xB6");
+        EXPECT_EQ(moves(first + "fdd", &InputEngine::convert_1234_to_2134), isHalf);
+    }
+}
+
+TEST(EngineRules, ReorderingStopsWhereTheCaretStandsTooNear) {
+    struct Row {
+        const char* before;
+        void (InputEngine::*step)();
+        const char* after; // what the steps before the failing one made of it
+    };
+    const Row rows[] = {
+        {"f|k", &InputEngine::chhoti_e_special, "f|k"},
+        {"df|k", &InputEngine::chhoti_e_special, "fd|k"},
+        {"Zf|d", &InputEngine::chhoti_e_special, "\xC6|d"},
+        {"fd|k", &InputEngine::convert_123_to_213, "fd|k"},
+        {"Dfd|k", &InputEngine::convert_123_to_213, "fDd|k"},
+        {"~fd|k", &InputEngine::convert_123_to_213_spl, "f~d|k"},
+        {"Dfd|k", &InputEngine::convert_1234_to_2134, "Dfd|k"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.before);
+        EngineWindow window;
+        window.place(row.before);
+        EXPECT_THROW((window.*row.step)(), RunTimeError);
+        EXPECT_EQ(window.marked(), row.after);
+    }
+}
+
+} // namespace
+} // namespace quillet

@@ -1,0 +1,83 @@
+// A whole desktop that answers as it is told and keeps what it was asked as text.
+#pragma once
+
+#include "base/run_time_error.h"
+#include "platform/clipboard.h"
+#include "platform/common_dialog.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/screen.h"
+#include "tests/fakes.h"
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quillet {
+
+struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
+    std::deque<Answer> answers;                     // of the next message boxes; then Ok
+    std::deque<std::optional<std::string>> choices; // of the next file dialogs; then cancel
+    std::map<std::string, GlyphString> disk;
+    std::set<std::string> readOnly; // paths that cannot be written
+    GlyphString clipboard;
+    std::vector<std::string> calls; // what was asked, in order
+    FakeForms forms;
+
+    Desktop services() { return {*this, *this, *this, *this, *this, forms}; }
+
+    Answer show(const Message& message) override {
+        constexpr const char* buttons[] = {"OK", "Yes/No", "Yes/No/Cancel"};
+        calls.push_back("ask " + message.text + " [" +
+                        buttons[static_cast<std::size_t>(message.buttons)] + "] " + message.title);
+        return next(answers, Answer::Ok);
+    }
+
+    std::optional<std::string> choose(Purpose purpose, const std::vector<FileFilter>& filters,
+                                      const std::string& startName) override {
+        std::string call = purpose == Purpose::Open ? "open at '" : "save at '";
+        call += startName + "':";
+        for (const FileFilter& filter : filters)
+            call += " " + filter.patterns;
+        calls.push_back(call);
+        return next(choices, std::optional<std::string>());
+    }
+
+    GapBuffer read(const std::string& path) override {
+        calls.push_back("read " + path);
+        if (!disk.contains(path))
+            throw RunTimeError(ErrorNumber::FileNotFound);
+        return GapBuffer(disk[path]);
+    }
+
+    void write(const std::string& path, std::span<const GlyphView> parts) override {
+        calls.push_back("write " + path);
+        if (readOnly.contains(path))
+            throw RunTimeError(ErrorNumber::PathFileAccess);
+        disk[path].clear();
+        for (const GlyphView part : parts)
+            disk[path] += part;
+    }
+
+    void setText(GlyphView text) override { clipboard = text; }
+    GlyphString text() override { return clipboard; }
+
+    // 1024 x 768 pixels at 96 dots per inch.
+    Twips width() const override { return {15360}; }
+    Twips height() const override { return {11520}; }
+
+  private:
+    template <class Queue, class Value>
+    static Value next(Queue& queue, Value otherwise) {
+        if (queue.empty())
+            return otherwise;
+        Value value = queue.front();
+        queue.pop_front();
+        return value;
+    }
+};
+
+} // namespace quillet

@@ -1,0 +1,191 @@
+#include "platform/posix/posix_files.h"
+
+#include "base/run_time_error.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <tuple>
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+
+template <class Step>
+int errorOf(Step step) {
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+auto openDescriptors() {
+    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+}
+
+struct stat statusOf(const fs::path& path) {
+    struct stat status {};
+    ::stat(path.c_str(), &status);
+    return status;
+}
+
+// No file may grow beyond `bytes`, as if the disk were full.
+void limitFileSize(rlim_t bytes) {
+    rlimit limit{};
+    ::getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = std::min(bytes, limit.rlim_max);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+// Every test has a folder of its own and leaves no temporary file and no open descriptor.
+struct PosixFilesTest : testing::Test {
+    PosixFilesTest() {
+        std::string name = testing::TempDir() + "quillet-files-XXXXXX";
+        folder = ::mkdtemp(name.data());
+    }
+    ~PosixFilesTest() override {
+        limitFileSize(RLIM_INFINITY);
+        EXPECT_EQ(openDescriptors(), descriptors);
+        for (const auto& entry : fs::recursive_directory_iterator(folder))
+            EXPECT_FALSE(entry.path().filename().native().starts_with(".quillet")) << entry;
+        fs::remove_all(folder);
+    }
+
+    void write(const fs::path& path, GlyphView text) {
+        const std::array parts{text.substr(0, 2), GlyphView(), text.substr(2)};
+        files.write(path.native(), parts);
+    }
+    GlyphString read(const fs::path& path) {
+        const GapBuffer text = files.read(path.native());
+        return text.copy(0, text.size());
+    }
+
+    PosixFiles files;
+    fs::path folder;
+    std::ptrdiff_t descriptors = openDescriptors();
+};
+
+TEST_F(PosixFilesTest, ReadsBackEveryByte) {
+    GlyphString allBytes;
+    for (int code = 0; code < 256; ++code)
+        allBytes += static_cast<char>(code);
+    const fs::path path = folder / std::string(255, 'n'); // the longest name there is
+    for (const GlyphString& text : {GlyphString(200'000, 'l'), allBytes, GlyphString("\r\n")}) {
+        write(path, text);
+        EXPECT_TRUE(read(path) == text) << text.size() << " bytes";
+    }
+    files.write(path.native(), {});
+    EXPECT_EQ(read(path), "");
+    EXPECT_NE(read("/proc/version"), ""); // the system reports no size for it
+}
+
+TEST_F(PosixFilesTest, ReplacesTheFileButKeepsModeAndOwner) {
+    const fs::path path = folder / "file";
+    const mode_t umask = ::umask(027);
+    write(path, "old text");
+    ::umask(umask);
+    EXPECT_EQ(statusOf(path).st_mode, mode_t{S_IFREG | 0640});
+    ASSERT_EQ(::chown(path.c_str(), ::geteuid() == 0 ? 12 : ::geteuid(), ::getegid()), 0);
+    for (const mode_t mode : {0600U, 0666U, 0755U, 0200U}) {
+        ASSERT_EQ(::chmod(path.c_str(), mode), 0);
+        const struct stat before = statusOf(path);
+        write(path, "new");
+        const struct stat after = statusOf(path);
+        EXPECT_NE(after.st_ino, before.st_ino);
+        EXPECT_EQ(after.st_mode, before.st_mode);
+        EXPECT_EQ(after.st_uid, before.st_uid);
+        EXPECT_EQ(after.st_size, 3);
+    }
+}
+
+TEST_F(PosixFilesTest, FollowsSymbolicLinks) {
+    fs::create_directory(folder / "other");
+    fs::create_symlink("other/second", folder / "first");
+    fs::create_symlink(folder / "target", folder / "other/second");
+    for (const GlyphView text : {"created", "replaced"}) {
+        write(folder / "first", text);
+        EXPECT_TRUE(fs::is_symlink(folder / "first") && fs::is_symlink(folder / "other/second"));
+        EXPECT_FALSE(fs::is_symlink(folder / "target"));
+        EXPECT_EQ(read(folder / "target"), text);
+    }
+}
+
+TEST_F(PosixFilesTest, TellsFailuresApart) {
+    write(folder / "fixed", "old");
+    fs::permissions(folder / "fixed", fs::perms::owner_read);
+    std::ofstream(folder / "huge").close();
+    fs::resize_file(folder / "huge", std::uintmax_t{maxTextLength} + 1);
+    fs::create_symlink("loop", folder / "loop");
+    fs::create_symlink("missing/target", folder / "lost");
+    const std::tuple<fs::path, int, int> rows[] = {
+        // name, error of reading, of writing
+        {"", 53, 53},
+        {folder / std::string("cut\0name", 8), 53, 53},
+        {folder, 75, 75},
+        {folder / "missing/file", 76, 76},
+        {folder / "huge/file", 76, 76},
+        {folder / "loop", 75, 75},
+        {folder / "lost", 53, 76},
+        {folder / std::string(256, 'n'), 75, 75},
+        {folder / "fixed", 0, 75},
+        {folder / "none", 53, 0},
+        {folder / "huge", 7, 0},
+    };
+    for (const auto& [name, reading, writing] : rows) {
+        EXPECT_EQ(errorOf([&, &path = name] { read(path); }), reading) << name;
+        EXPECT_EQ(errorOf([&, &path = name] { write(path, "text"); }), writing) << name;
+    }
+    EXPECT_EQ(errorOf([&] { write("/dev/full", "text"); }), 75);
+    EXPECT_EQ(read(folder / "fixed"), "old");
+    EXPECT_FALSE(fs::exists(folder / "cut"));
+}
+
+TEST_F(PosixFilesTest, KeepsTheOldContentWhenTheNewDoesNotFit) {
+    write(folder / "file", "old");
+    limitFileSize(50'000);
+    for (const char* name : {"file", "new"})
+        EXPECT_EQ(errorOf([&] { write(folder / name, GlyphString(100'000, 'n')); }), 75) << name;
+    EXPECT_EQ(read(folder / "file"), "old");
+    EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST_F(PosixFilesTest, WritesIntoPipes) {
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const int reader = ::open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    write(folder / "pipe", "through");
+    std::array<char, 16> bytes{};
+    EXPECT_EQ(::read(reader, bytes.data(), bytes.size()), 7);
+    EXPECT_STREQ(bytes.data(), "through");
+    ::close(reader);
+}
+
+// In a path so long that no other name fits beside the file, not even the superuser makes one.
+TEST_F(PosixFilesTest, OverwritesWhereTheFolderTakesNoSecondFile) {
+    fs::path path = folder;
+    while (path.native().size() < 4089)
+        path /= std::string(std::min<std::size_t>(200, 4089 - path.native().size()), 'd');
+    fs::create_directories(path);
+    path /= "f";
+    std::ofstream(path) << "old";
+    const ino_t file = statusOf(path).st_ino;
+    for (const GlyphView text : {"a longer text", "short"}) {
+        write(path, text);
+        EXPECT_EQ(read(path), text);
+        EXPECT_EQ(statusOf(path).st_ino, file);
+    }
+    limitFileSize(50'000);
+    EXPECT_EQ(errorOf([&] { write(path, GlyphString(100'000, 'n')); }), 75);
+    EXPECT_EQ(read(path), "short");
+}
+
+} // namespace
+} // namespace quillet

@@ -1,0 +1,279 @@
+// The tables of the main window, each row walked to its handler, and the keys on their way.
+#include "platform/key_codes.h"
+#include "tests/fake_desktop.h"
+#include "window/box_keyboard.h"
+#include "window/context_menu.h"
+#include "window/frm_quillet.h"
+#include "window/image_list.h"
+#include "window/menu_table.h"
+#include "window/toolbar_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <map>
+
+namespace quillet {
+namespace {
+
+// All that a command of the tables can change.
+std::string look(const frmQuillet& form, const FakeDesktop& desktop) {
+    const EditBox& box = form.txtMain;
+    std::string look = box.Text() + "|" + std::to_string(box.SelStart()) + "+" +
+                       std::to_string(box.SelLength()) + "|" + form.keyboard + "|" +
+                       desktop.clipboard + "|";
+    look += std::string(box.FontBold() ? "B" : "") + (box.FontItalic() ? "I" : "") +
+            (box.FontUnderline() ? "U" : "") + "|" + form.Caption();
+    for (const auto* calls : {&desktop.calls, &desktop.forms.calls})
+        for (const std::string& call : *calls)
+            look += "|" + call;
+    return look;
+}
+
+struct Window : ::testing::Test {
+    FakeDesktop desktop;
+    frmQuillet form{desktop.services()};
+    BoxKeyboard keyboard{form};
+
+    void SetUp() override {
+        form.show();
+        form.txtMain.Text("abc");
+    }
+};
+
+TEST_F(Window, LoadSetsTheDefaultsAndTheLayout) {
+    const EditBox& box = form.txtMain;
+    EXPECT_EQ(form.Caption(), "Quillet: Inscript Based Basic Devnagari Word Processor");
+    EXPECT_EQ(box.FontName(), "Kruti Dev 010");
+    EXPECT_EQ(box.FontSize(), 15.75);
+    EXPECT_EQ(form.FontUsed + form.keyboard, "Kruti Dev 010Inscript");
+    EXPECT_TRUE(form.NewFile && !form.textboxused && form.NameofFile.empty());
+    EXPECT_EQ(box.Left().value, 100);
+    EXPECT_EQ(box.Top().value, 550);
+    EXPECT_EQ(box.Width().value, 15168);
+    EXPECT_EQ(box.Height().value, 9600);
+}
+
+TEST_F(Window, TheMenuReadsAsDesigned) {
+    std::string text;
+    for (const MenuRow& row : menuTable()) {
+        text += std::string(row.level == 0 ? "\n" : " ") +
+                std::string(static_cast<std::size_t>(row.level), '>') + row.caption;
+        if (row.shortcut != 0)
+            text += std::string("^") + row.shortcut;
+    }
+    EXPECT_EQ(text,
+              "\n&File >New^N >Open^O >- >Save >Save As^S >- >Print^P >Close >- >Exit^E"
+              "\n&Edit >Cut^X >Copy^C >Paste^V >- >Select All^A >Clear All^L >- >Find^F >Replace^R"
+              "\n&Keyboard >Inscript^I >Old Style^D"
+              "\nF&ormat >Change Font >>&Arial >>&Kruti Dev 010 >>&Kruti Dev 020"
+              " >&Change Font Size >>8 >>10 >>12 >>14 >>16 >>20 >>24 >>28 >>32 >>36 >>40"
+              " >Font In Use >&Keyboard In Use^K"
+              "\n&Calculate >&Words^W >C&haracters^H >&Sentences^Y"
+              "\n&Web >&Send Mail >&Surf Hindi News"
+              "\n&Memory >&Put to memory >&Append to memory >Paste &from memory >&Empty memory"
+              "\n&Help >&How to use Quillet >&Keyboard Layouts >About &Quillet^M >&Visit Website");
+}
+
+TEST_F(Window, EveryToolbarKeyHasAnIconACommandRowAndAPlace) {
+    std::string text;
+    for (const ToolbarButton& button : toolbarButtons()) {
+        text += button.isSeparator() ? " -" : std::string(" ") + button.key;
+        if (button.isSeparator())
+            continue;
+        const auto isImage = [&](const ImageRow& row) {
+            return std::string_view(row.key) == button.image;
+        };
+        const auto isKey = [&](const ToolbarCommand& row) {
+            return std::string_view(row.key) == button.key;
+        };
+        EXPECT_TRUE(std::any_of(imageList.begin(), imageList.end(), isImage)) << button.key;
+        EXPECT_EQ(std::count_if(toolbarCommands().begin(), toolbarCommands().end(), isKey), 1)
+            << button.key;
+    }
+    EXPECT_EQ(text, " New Open Save Print - Cut Copy Paste - Bold Italic Underline - ClearAll -"
+                    " KeyboardOld KeyboardNew - Sentences Characters Words - AddMemory AppendMemory"
+                    " PasteFromMemory EmptyMemory - Email Web - Layout Help");
+}
+
+// What a command does to a window with "abc", of which "b" is selected, with "xyz" to undo, "zzz"
+// to redo and "Q" on the clipboard. Rows that are not here change nothing.
+const std::map<std::string, std::string> effects = {
+    {"mnuNew", "|0+0|Inscript|Q||Quillet: Hindi Word Processor  (New Unsaved File)|ask Do you want "
+               "to save changes made to file? [Yes/No] Quillet1.0"},
+    {"mnuOpen",
+     "abc|1+1|Inscript|Q||Quillet: Hindi Word Processor  |ask Do you want to save "
+     "changes made to file? [Yes/No] Quillet1.0|open at '': *.qlt* *.txt* *.htm* *.*|read "},
+    {"mnuSave", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
+    {"mnuSaveAs", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
+    {"mnuClose", "|0+0|Inscript|Q||Quillet: Hindi Word Processor|ask Do you want to save changes "
+                 "made since you last opened the file? [Yes/No/Cancel] Quillet1.0"},
+    {"mnuCut", "ac|1+0|Inscript|b||T"},
+    {"mnuCopy", "abc|1+1|Inscript|b||T"},
+    {"mnuPaste", "aQc|2+0|Inscript|Q||T"},
+    {"mnuSelectAll", "abc|0+3|Inscript|Q||T"},
+    {"mnuClearAll", "|0+0|Inscript|Q||T"},
+    {"mnuInscript", "abc|1+1|Inscript|Q||T"},
+    {"mnuNormal", "abc|1+1|Normal|Q||T"},
+    {"mnuAbout", "abc|1+1|Inscript|Q||T|show frmAbout"},
+    {"Bold", "abc|1+1|Inscript|Q|B|T"},
+    {"Italic", "abc|1+1|Inscript|Q|I|T"},
+    {"Underline", "abc|1+1|Inscript|Q|U|T"},
+    {"&Undo", "xyz|0+0|Inscript|Q||T"},
+    {"&Redo", "zzz|0+0|Inscript|Q||T"},
+    {"&Delete", "ac|1+0|Inscript|Q||T"},
+};
+
+// Toolbar keys and entries of the context menu that are menu commands.
+const std::map<std::string, std::string> sameAs = {
+    {"New", "mnuNew"},
+    {"Open", "mnuOpen"},
+    {"Save", "mnuSave"},
+    {"Cut", "mnuCut"},
+    {"Copy", "mnuCopy"},
+    {"Paste", "mnuPaste"},
+    {"ClearAll", "mnuClearAll"},
+    {"KeyboardNew", "mnuInscript"},
+    {"KeyboardOld", "mnuNormal"},
+    {"Cu&t", "mnuCut"},
+    {"&Copy", "mnuCopy"},
+    {"&Paste", "mnuPaste"},
+    {"Select &All", "mnuSelectAll"},
+};
+
+void expectEffect(const std::string& name, const std::function<void(frmQuillet&)>& run) {
+    SCOPED_TRACE(name);
+    FakeDesktop desktop;
+    frmQuillet form(desktop.services());
+    form.show();
+    form.Caption("T");
+    form.txtMain.load(GapBuffer("abc"));
+    for (const char* text : {"xyz", "abc", "zzz"})
+        form.txtMain.Text(text);
+    form.txtMain.undo();
+    form.txtMain.select({1, 2});
+    desktop.clipboard = "Q";
+    desktop.forms.calls.clear();
+    const std::string before = look(form, desktop);
+    run(form);
+    std::erase(desktop.forms.calls, "caption frmQuillet");
+    const auto alias = sameAs.find(name);
+    const auto effect = effects.find(alias == sameAs.end() ? name : alias->second);
+    EXPECT_EQ(look(form, desktop), effect == effects.end() ? before : effect->second);
+}
+
+TEST(WindowTables, EveryRowReachesItsHandler) {
+    for (const MenuRow& row : menuTable())
+        expectEffect(row.name, [&](frmQuillet& form) {
+            if (row.command != nullptr)
+                (form.*row.command)();
+        });
+    for (const ContextRow& row : contextMenu())
+        expectEffect(row.caption, [&](frmQuillet& form) {
+            if (row.command != nullptr)
+                (form.*row.command)();
+        });
+    for (const char* key :
+         {"New", "Open", "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline",
+          "ClearAll", "KeyboardOld", "KeyboardNew", "Convert", "save", "", "Nothing"})
+        expectEffect(key, [&](frmQuillet& form) { form.Toolbar1_ButtonClick(key); });
+}
+
+TEST_F(Window, TheToolbarSkipsFailuresButEndsTheProgram) {
+    form.txtMain.KeyPress = nullptr;
+    desktop.forms.calls.clear();
+    form.Toolbar1_ButtonClick("KeyboardOld");
+    EXPECT_EQ(form.keyboard, "Normal");
+    form.textboxused = true;
+    EXPECT_THROW(form.mnuExit_Click(), EndOfProgram);
+}
+
+// Keys as "d" down and "u" up with their characters; "C" is Ctrl, "S" Shift, "~" loses the focus.
+KeyStroke strokeOf(char letter, std::int16_t held) {
+    if (letter == 'C' || letter == 'S') {
+        const bool isCtrl = letter == 'C';
+        return {.scanCode = static_cast<std::uint32_t>(letter),
+                .keyCode = isCtrl ? key::ctrl : key::shift,
+                .shift = held,
+                .character = {}};
+    }
+    const auto upper = static_cast<std::int16_t>(std::toupper(letter));
+    const bool ctrl = (held & modifier::ctrl) != 0;
+    const auto typed = static_cast<std::int16_t>(ctrl ? upper - '@' : letter);
+    return {.scanCode = static_cast<std::uint32_t>(letter),
+            .keyCode = upper,
+            .shift = held,
+            .character = typed};
+}
+
+TEST_F(Window, KeysGoToTheBoxOrToTheMenu) {
+    const struct {
+        const char* name;
+        const char* keys; // pairs of "+" or "-" and a key; "~" alone
+        const char* text; // of a box that held "abc" with the caret at its start
+        bool used;
+        bool ctrlPending;
+    } rows[] = {
+        {"a key", "+k-k", "dabc", true, false},
+        {"a second glyph comes at the release", "+E-E", "vkabc", true, false},
+        {"a held key repeats, its second glyph does not", "+E+E+E-E", "vvvkabc", true, false},
+        {"a menu shortcut raises no key-press", "+C+d-d-C", "abc", false, false},
+        {"nor does an inert one", "+C+f-f-C", "abc", false, false},
+        {"a command on the box's text does", "+C+l-l-C", "", true, false},
+        {"a combination that commands nothing does too", "+C+q-q-C", "abc", true, false},
+        {"Ctrl held on sets its mark again", "+C+l-l+q", "", true, true},
+        {"the focus goes while Ctrl is held", "+C~", "abc", false, false},
+        {"the focus goes with a second glyph pending", "+E~", "vkabc", true, false},
+        {"the focus goes, the last key first", "+C+q~", "abc", true, false},
+        {"a lone release", "-k", "abc", false, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        FakeDesktop fakes;
+        frmQuillet window(fakes.services());
+        BoxKeyboard keys(window);
+        window.show();
+        window.txtMain.Text("abc");
+        std::int16_t held = 0;
+        for (const char* at = row.keys; *at != '\0'; ++at) {
+            if (*at == '~') {
+                keys.focusLost();
+                continue;
+            }
+            const bool down = *at++ == '+';
+            if (*at == 'C')
+                held = down ? modifier::ctrl : std::int16_t{0};
+            down ? keys.press(strokeOf(*at, held)) : keys.release(strokeOf(*at, held));
+        }
+        EXPECT_EQ(window.txtMain.Text(), row.text);
+        EXPECT_EQ(window.textboxused, row.used);
+        EXPECT_EQ(window.Control_key_pressed, row.ctrlPending);
+    }
+}
+
+TEST_F(Window, AShortcutNeedsCtrlAloneAndRunsOnce) {
+    EXPECT_FALSE(findKeyCommand('N', modifier::ctrl | modifier::shift));
+    EXPECT_FALSE(findKeyCommand('N', 0));
+    desktop.answers = {Answer::No, Answer::No};
+    keyboard.press({.scanCode = 57, .keyCode = 'N', .shift = modifier::ctrl, .character = 14});
+    keyboard.press({.scanCode = 57, .keyCode = 'N', .shift = modifier::ctrl, .character = 14});
+    EXPECT_EQ(desktop.calls.size(), 1U) << "holding Ctrl+N asks once";
+
+    form.txtMain.Text("abc");
+    form.txtMain.SelLength(2);
+    keyboard.press(
+        {.scanCode = 119, .keyCode = key::del, .shift = modifier::shift, .character = {}});
+    EXPECT_EQ(desktop.clipboard + "/" + form.txtMain.Text(), "ab/c") << "Shift+Delete cuts";
+}
+
+TEST_F(Window, AboutShowsItsTextsAndCloses) {
+    form.mnuAbout_Click();
+    form.mnuAbout_Click();
+    EXPECT_EQ(std::count(desktop.forms.calls.begin(), desktop.forms.calls.end(), "show frmAbout"),
+              2);
+}
+
+} // namespace
+} // namespace quillet

@@ -1,0 +1,49 @@
+// From the keys of a keyboard to the key events of the box and the shortcuts of the menu.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quillet {
+
+class frmQuillet;
+
+/// A physical key as the desktop reports it.
+struct KeyStroke {
+    std::uint32_t scanCode = 0;            // tells the physical keys apart
+    std::int16_t keyCode = 0;              // virtual-key code
+    std::int16_t shift = 0;                // modifiers held, this key included
+    std::optional<std::int16_t> character; // Windows-1252 code that the key types, if it types
+};
+
+/// Decides for every key pressed in the box whether the box or the menu bar gets it, and keeps
+/// account of the keys that are held.
+class BoxKeyboard {
+  public:
+    explicit BoxKeyboard(frmQuillet& form) : form_(form) {}
+
+    /// A key went down, or repeats while it is held.
+    void press(const KeyStroke& key);
+
+    /// A key went up. It is released under the code that it was pressed with; a release without
+    /// a press counts as it comes.
+    void release(const KeyStroke& key);
+
+    /// The releases of all held keys will go elsewhere: reports them now, the last pressed
+    /// first, so that neither Ctrl nor a pending second glyph sticks.
+    void focusLost();
+
+  private:
+    struct HeldKey {
+        std::uint32_t scanCode;
+        std::int16_t keyCode;
+    };
+
+    std::vector<HeldKey>::iterator findHeld(std::uint32_t scanCode);
+
+    frmQuillet& form_;
+    std::vector<HeldKey> held_; // in the order of their presses
+};
+
+} // namespace quillet

@@ -1,0 +1,69 @@
+#include "window/frm_quillet.h"
+
+#include "base/run_time_error.h"
+#include "platform/message_box.h"
+#include "platform/screen.h"
+#include "window/toolbar_table.h"
+
+namespace quillet {
+namespace {
+
+constexpr FormDesign mainDesign = {"frmQuillet",
+                                   "Quillet: Inscript Based Basic Devnagari Word Processor",
+                                   FormFrame::Maximized,
+                                   {},
+                                   {},
+                                   {}};
+
+} // namespace
+
+frmQuillet::frmQuillet(const Desktop& desktop)
+    : MainState(desktop.forms, mainDesign, desktop.fileChooser),
+      InputEngine(*this, desktop.forms),
+      DocumentFiles(*this, desktop),
+      EditCommands(*this, desktop),
+      LookCommands(static_cast<MainState&>(*this)),
+      screen_(desktop.screen),
+      messageBox_(desktop.messageBox),
+      about_(desktop.forms) {
+    txtMain.KeyDown = [this](auto KeyCode, auto Shift) { txtMain_KeyDown(KeyCode, Shift); };
+    txtMain.KeyPress = [this](auto& KeyAscii) { txtMain_KeyPress(KeyAscii); };
+    txtMain.KeyUp = [this](auto KeyCode, auto Shift) { txtMain_KeyUp(KeyCode, Shift); };
+}
+
+void frmQuillet::Toolbar1_ButtonClick(std::string_view Key) {
+    for (const ToolbarCommand& row : toolbarCommands())
+        if (Key == row.key && row.command != nullptr)
+            resumeNext([&] { (this->*row.command)(); });
+}
+
+void frmQuillet::Form_Load() {
+    FontUsed = krutiDev010;
+    keyboard = inscriptMode;
+    layOut();
+    IsCharz = false;
+    NewFile = true;
+}
+
+void frmQuillet::Form_Unload(std::int16_t& /*Cancel*/) {
+    if (!textboxused)
+        return;
+    const Answer answer =
+        messageBox_.show({.text = "Do you want to save the file?", .buttons = Buttons::YesNo});
+    if (answer == Answer::Yes)
+        mnuSaveAs_Click();
+    throw EndOfProgram{};
+}
+
+// By the size of the screen, deliberately not of the window: in a small window the box goes on
+// beyond the edges.
+void frmQuillet::layOut() {
+    const Twips screenWidth = screen_.width();
+    const Twips screenHeight = screen_.height();
+    txtMain.Left({100});
+    txtMain.Top({550}); // room for the toolbar
+    txtMain.Height(screenHeight - screenHeight / 6);
+    txtMain.Width(screenWidth - screenWidth / 80);
+}
+
+} // namespace quillet
