@@ -29,7 +29,7 @@ TEST(EngineSpecialChars, DoubleZOpensThemInNormalMode) {
         EngineWindow window;
         window.keyboard = normalMode;
         typing::type(window.txtMain, row.keys);
-        EXPECT_EQ(window.forms.calls, Calls(row.shows, "show frmSpl"));
+        EXPECT_EQ(window.desktop.forms.calls, Calls(row.shows, "show frmSpl"));
         EXPECT_EQ(window.IsCharz, row.zIsPending);
     }
 }
@@ -37,11 +37,11 @@ TEST(EngineSpecialChars, DoubleZOpensThemInNormalMode) {
 TEST(EngineSpecialChars, FirstZWaitsThroughInscriptMode) {
     EngineWindow window;
     for (const char* mode : {normalMode, inscriptMode, normalMode}) {
-        EXPECT_TRUE(window.forms.calls.empty());
+        EXPECT_TRUE(window.desktop.forms.calls.empty());
         window.keyboard = mode;
         typing::type(window.txtMain, "z");
     }
-    EXPECT_EQ(window.forms.calls, Calls{"show frmSpl"});
+    EXPECT_EQ(window.desktop.forms.calls, Calls{"show frmSpl"});
 }
 
 TEST(EngineSpecialChars, EveryEntryTakesThePlaceOfTheDoubleZ) {
@@ -55,11 +55,11 @@ TEST(EngineSpecialChars, EveryEntryTakesThePlaceOfTheDoubleZ) {
     for (std::size_t at = 0; at < entries.size(); ++at) {
         SCOPED_TRACE(at);
         window.place("r|h");
-        window.forms.calls.clear();
+        window.desktop.forms.calls.clear();
         typing::type(window.txtMain, "kzz");
         choose(window, static_cast<int>(at));
         EXPECT_EQ(window.marked(), GlyphString("rk") + entries[at] + "|h");
-        EXPECT_EQ(window.forms.calls, (Calls{"show frmSpl", "hide frmSpl"}));
+        EXPECT_EQ(window.desktop.forms.calls, (Calls{"show frmSpl", "hide frmSpl"}));
     }
 }
 

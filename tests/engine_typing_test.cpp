@@ -117,12 +117,13 @@ void play(EngineWindow& window, GlyphView events) {
     }
 }
 
-TEST(EngineTyping, SecondGlyphComesWithTheNextReleaseThatCounts) {
+TEST(EngineTyping, KeysMayOverlap) {
     const std::pair<const char*, GlyphView> rows[] = {
         {"+E+k-E-k", "vdk|"},          // rolled over
         {"+E+A-E-A", "vv\xA8|"},       // two pending, the last one stays
         {"+E+E+E-E", "vvvk|"},         // repeating
         {"+E+ - +2-2-E", "v 2k|"},     // releases that do not count
+        {"+;+e+3-f", "pfk|"},          // the F key finds another glyph than its own
         {"+E<<-E", "k|v"},             // a selection ends at its start
         {"+E=N-E+x-x=I+k-k", "vxdk|"}, // not in Normal mode
     };
@@ -173,7 +174,7 @@ TEST(EngineTyping, OnlyTheTwoModesDoAnything) {
         EXPECT_TRUE(window.textboxused);
         EXPECT_EQ(window.IsCharz, false);
         type(window.txtMain, "zz");
-        EXPECT_EQ(window.forms.calls.empty(), window.keyboard != normalMode);
+        EXPECT_EQ(window.desktop.forms.calls.empty(), window.keyboard != normalMode);
     }
 }
 

@@ -3,26 +3,21 @@
 
 #include "engine/input_engine.h"
 #include "platform/main_state.h"
-#include "tests/fakes.h"
+#include "tests/fake_desktop.h"
 
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace quillet {
 
-struct EngineDesktop : FileChooser {
-    std::optional<std::string> choose(Purpose, const std::vector<FileFilter>&,
-                                      const std::string&) override {
-        return std::nullopt;
-    }
-
+struct EngineDesktop {
+    FakeDesktop desktop;
     FormDesign formDesign = {"frmTest", "", FormFrame::Fixed, {0}, {0}, {}};
-    FakeForms forms;
 };
 
 struct EngineWindow : EngineDesktop, MainState, InputEngine {
-    EngineWindow() : MainState(forms, formDesign, *this), InputEngine(*this, forms) {
+    EngineWindow()
+        : MainState(desktop.forms, formDesign, desktop),
+          InputEngine(*this, desktop.forms) {
         txtMain.KeyDown = [this](auto code, auto mask) { txtMain_KeyDown(code, mask); };
         txtMain.KeyPress = [this](auto& code) { txtMain_KeyPress(code); };
         txtMain.KeyUp = [this](auto code, auto mask) { txtMain_KeyUp(code, mask); };

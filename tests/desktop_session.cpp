@@ -1,0 +1,163 @@
+#include "tests/desktop_session.h"
+
+#include <array>
+#include <cctype>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quillet {
+namespace {
+
+constexpr const char* startTitle = "Quillet: Inscript Based Basic Devnagari Word Processor";
+
+// Tries displays until Xvfb takes one; the tests may run beside each other.
+std::unique_ptr<Process> startServer() {
+    for (int number = 200; number < 300; ++number) {
+        const std::string socket = "/tmp/.X11-unix/X" + std::to_string(number);
+        if (std::filesystem::exists(socket))
+            continue;
+        const std::string display = ":" + std::to_string(number);
+        auto server = std::make_unique<Process>(std::vector<std::string>{
+            "Xvfb", display, "-screen", "0", "1280x860x24", "-nolisten", "tcp"});
+        if (!waitUntil([&] { return std::filesystem::exists(socket); }))
+            continue;
+        setenv("DISPLAY", display.c_str(), 1);
+        return server;
+    }
+    throw std::runtime_error("no display could be started");
+}
+
+} // namespace
+
+Process::Process(std::vector<std::string> command) : pid_(fork()) {
+    if (pid_ != 0)
+        return;
+    std::vector<char*> arguments;
+    for (std::string& argument : command)
+        arguments.push_back(argument.data());
+    arguments.push_back(nullptr);
+    static_cast<void>(std::freopen("/dev/null", "w", stderr));
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+}
+
+Process::~Process() {
+    if (pid_ < 0)
+        return;
+    kill(pid_, SIGTERM);
+    waitpid(pid_, nullptr, 0);
+}
+
+int Process::waitForExit() {
+    int status = 0;
+    if (!waitUntil([&] { return waitpid(pid_, &status, WNOHANG) == pid_; }))
+        return -1;
+    pid_ = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::string output(const std::string& command) {
+    std::string text;
+    FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
+    std::array<char, 4096> part{};
+    while (const std::size_t count = fread(part.data(), 1, part.size(), pipe))
+        text.append(part.data(), count);
+    pclose(pipe);
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    return text;
+}
+
+bool waitUntil(const std::function<bool()>& condition) {
+    using namespace std::chrono_literals;
+    const auto end = std::chrono::steady_clock::now() + 10s;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
+}
+
+DesktopSession::DesktopSession() {
+    std::string pattern = std::filesystem::temp_directory_path() / "quillet-test-XXXXXX";
+    folder_ = mkdtemp(pattern.data());
+    setenv("HOME", folder_.c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
+    server_ = startServer();
+    windowManager_ = std::make_unique<Process>(
+        std::vector<std::string>{"openbox", "--startup", "touch " + path("managed")});
+    if (!waitUntil([&] { return std::filesystem::exists(path("managed")); }))
+        throw std::runtime_error("no window manager could be started");
+    program_ = std::make_unique<Process>(std::vector<std::string>{QUILLET_PROGRAM});
+    if (!waitForTitle(startTitle))
+        throw std::runtime_error("the program did not show its window");
+}
+
+DesktopSession::~DesktopSession() {
+    program_.reset();
+    std::filesystem::remove_all(folder_);
+}
+
+std::string DesktopSession::keyOf(char character) {
+    constexpr std::string_view plain = "1234567890-=  qwertyuiop[]  asdfghjkl;'` \\zxcvbnm,./";
+    constexpr std::string_view shifted = "!@#$%^&*()_+  QWERTYUIOP{}  ASDFGHJKL:\"~ |ZXCVBNM<>?";
+    constexpr std::size_t firstKeycode = 10;
+    if (character == ' ')
+        return "65";
+    if (const auto at = plain.find(character); at != std::string_view::npos)
+        return std::to_string(firstKeycode + at);
+    return "shift+" + std::to_string(firstKeycode + shifted.find(character));
+}
+
+void DesktopSession::type(std::string_view characters) {
+    std::string keys = "key --delay 4";
+    for (const char character : characters)
+        keys += ' ' + keyOf(character);
+    send(keys);
+}
+
+void DesktopSession::send(const std::string& commands) {
+    output("xdotool " + commands);
+}
+
+std::string DesktopSession::title() {
+    return output("xdotool getwindowfocus getwindowname");
+}
+
+bool DesktopSession::waitForTitle(const std::string& title) {
+    return waitUntil([&] { return DesktopSession::title() == title; });
+}
+
+std::string DesktopSession::saveAs(const std::string& name) {
+    const std::string main = title();
+    send("key ctrl+39"); // S by its place
+    if (!waitForTitle("Save As"))
+        return "no dialog";
+    type(path(name));
+    send("key Return");
+    waitForTitle("Quillet: Hindi Text Editor (" + path(name) + ")");
+    return read(name);
+}
+
+std::string DesktopSession::read(const std::string& name) const {
+    std::ifstream file(folder_ / name, std::ios::binary);
+    std::stringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+void DesktopSession::write(const std::string& name, const std::string& bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+}
+
+} // namespace quillet

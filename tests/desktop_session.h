@@ -1,0 +1,74 @@
+// The real program on a display of its own, driven by real key events.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace quillet {
+
+/// A child process that does not outlive its object.
+class Process {
+  public:
+    explicit Process(std::vector<std::string> command);
+    ~Process();
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    /// The exit code once the process has ended by itself, or -1 after ten seconds.
+    int waitForExit();
+
+  private:
+    pid_t pid_;
+};
+
+/// Runs a shell command and returns what it printed.
+std::string output(const std::string& command);
+
+/// Waits until `condition` holds; false after ten seconds.
+bool waitUntil(const std::function<bool()>& condition);
+
+/// Xvfb, a window manager and one running program, with a folder for its files.
+class DesktopSession {
+  public:
+    DesktopSession();
+    ~DesktopSession();
+    DesktopSession(const DesktopSession&) = delete;
+    DesktopSession& operator=(const DesktopSession&) = delete;
+
+    /// Strikes US keys one after the other by their places on the keyboard, whatever the layout.
+    void type(std::string_view characters);
+
+    /// Sends raw input: `xdotool` commands such as "key Return" or "keydown 26".
+    void send(const std::string& commands);
+
+    /// The xdotool name of the key of a character: "45", or "shift+45".
+    static std::string keyOf(char character);
+
+    /// The title of the window that has the focus.
+    static std::string title();
+    static bool waitForTitle(const std::string& title);
+
+    /// Saves through the Save As dialog and returns the bytes of the file, whose name is a new one.
+    std::string saveAs(const std::string& name);
+
+    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string read(const std::string& name) const;
+    void write(const std::string& name, const std::string& bytes) const;
+
+    Process& program() { return *program_; }
+
+  private:
+    std::filesystem::path folder_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> windowManager_;
+    std::unique_ptr<Process> program_;
+};
+
+} // namespace quillet
