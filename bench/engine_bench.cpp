@@ -1,5 +1,5 @@
 // What typing costs in the input engine.
-#include "tests/engine_window.h"
+#include "tests/test_window.h"
 #include "tests/typing.h"
 
 #include <benchmark/benchmark.h>
@@ -18,7 +18,7 @@ constexpr GlyphView paragraph =
 using Clock = std::chrono::steady_clock;
 
 // A window with a document of so many glyphs, wrapped as on a screen, and the caret in its middle.
-void prepare(EngineWindow& window, std::int64_t size) {
+void prepare(TestWindow& window, std::int64_t size) {
     LineMetrics metrics;
     metrics.advances.fill(10 * advancePerPixel);
     metrics.width = 800 * advancePerPixel;
@@ -33,7 +33,7 @@ void prepare(EngineWindow& window, std::int64_t size) {
 // Types the paragraph and returns the time between the marks that `strike` takes.
 template <class Strike>
 void typeParagraph(benchmark::State& state, Strike strike) {
-    EngineWindow window;
+    TestWindow window;
     prepare(window, state.range(0));
     for (auto _ : state) {
         Clock::duration spent{};

@@ -1,6 +1,7 @@
 // Where keys take the caret and the selection, in the box itself.
 #include "platform/edit_box.h"
 #include "platform/key_codes.h"
+#include "tests/test_window.h"
 #include "tests/typing.h"
 
 #include <gtest/gtest.h>
@@ -102,18 +103,10 @@ TEST(CaretMoves, DeletingKeysTakePairsWordsAndSelections) {
         {"Escape types nothing", "a|b|", {27, 0, 27}, "a|b|"},
     };
     for (const auto& row : rows) {
-        std::string text = row.before;
-        const auto first = static_cast<Position>(text.find('|'));
-        const auto last = static_cast<Position>(text.rfind('|'));
-        std::erase(text, '|');
         EditBox box({});
-        setUp(box, text);
-        box.select({first, last == first ? first : last - 1});
+        place(box, row.before);
         typing::strike(box, row.key);
-        std::string after = box.Text();
-        if (box.SelLength() != 0)
-            after.insert(box.SelStart() + box.SelLength(), 1, '|');
-        EXPECT_EQ(after.insert(box.SelStart(), 1, '|'), row.after) << row.name;
+        EXPECT_EQ(marked(box), row.after) << row.name;
     }
 }
 

@@ -1,6 +1,5 @@
 // Every prompt, answer, cancel and failure of the file commands, with the state that it leaves.
-#include "tests/fake_desktop.h"
-#include "window/frm_quillet.h"
+#include "tests/test_window.h"
 #include "window/menu_table.h"
 
 #include <gtest/gtest.h>
@@ -161,12 +160,12 @@ const std::vector<Case> cases = {
 };
 // clang-format on
 
-void setUp(FakeDesktop& desktop, frmQuillet& form, const Case& row) {
+void setUp(TestWindow& form, const Case& row) {
+    FakeDesktop& desktop = form.desktop;
     desktop.disk = {{"/d/old.txt", "old"}, {"/d/locked.qlt", "locked"}};
     desktop.readOnly = {"/d/locked.qlt"};
     desktop.answers = row.answers;
     desktop.choices = row.choices;
-    form.show();
     form.txtMain.Text(row.before.text);
     form.Caption(row.before.title);
     form.NewFile = row.before.newFile;
@@ -187,9 +186,9 @@ bool endsProgram(frmQuillet& form, Command command) {
 TEST(DocumentFiles, EveryAnswerCancelAndFailureLeavesItsState) {
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
-        FakeDesktop desktop;
-        frmQuillet form(desktop.services());
-        setUp(desktop, form, row);
+        TestWindow form;
+        FakeDesktop& desktop = form.desktop;
+        setUp(form, row);
         EXPECT_EQ(endsProgram(form, row.command), row.ends == Ends::Yes);
         EXPECT_EQ(desktop.calls, row.calls);
         const State after{form.txtMain.Text(), form.Caption(), form.NewFile, form.textboxused,
@@ -203,9 +202,8 @@ TEST(DocumentFiles, ADocumentGrowsByOneLineBreakAtEachOpenAndSave) {
     GlyphString everyByte;
     for (int code = 0; code < 256; ++code)
         everyByte.push_back(static_cast<char>(code));
-    FakeDesktop desktop;
-    frmQuillet form(desktop.services());
-    form.show();
+    TestWindow form;
+    FakeDesktop& desktop = form.desktop;
     form.txtMain.Text(everyByte);
     form.txtMain.SelStart(100); // a gap in the middle
     form.txtMain.SelText("x");

@@ -1,6 +1,6 @@
 // The rewrite rules against a slow and obvious reading of them.
 #include "base/run_time_error.h"
-#include "tests/engine_window.h"
+#include "tests/test_window.h"
 
 #include <gtest/gtest.h>
 
@@ -64,7 +64,7 @@ GlyphString rewritten(GlyphString text) {
     return text;
 }
 
-bool agrees(EngineWindow& window, const GlyphString& text) {
+bool agrees(TestWindow& window, const GlyphString& text) {
     const GlyphString expected = rewritten(text);
     GlyphString changed = text;
     return window.check_mixed_chars(changed) == expected && changed == expected;
@@ -72,7 +72,7 @@ bool agrees(EngineWindow& window, const GlyphString& text) {
 
 TEST(EngineRules, AgreeOnEveryShortTextOfTellingGlyphs) {
     constexpr GlyphView alphabet = "d~kjZf?Hhn\xBA;";
-    EngineWindow window;
+    TestWindow window;
     GlyphString text;
     for (std::size_t length = 0; length <= 5; ++length) {
         const auto count = std::lround(std::pow(alphabet.size(), length));
@@ -87,7 +87,7 @@ TEST(EngineRules, AgreeOnEveryShortTextOfTellingGlyphs) {
 }
 
 TEST(EngineRules, AgreeOnEveryPairOfPatterns) {
-    EngineWindow window;
+    TestWindow window;
     for (const Rule& first : rules) {
         for (const Rule& second : rules) {
             const GlyphString text = GlyphString(first.pattern) + GlyphString(second.pattern);
@@ -97,7 +97,7 @@ TEST(EngineRules, AgreeOnEveryPairOfPatterns) {
 }
 
 TEST(EngineRules, RephMovesPastOneGlyphButNotOverASpace) {
-    EngineWindow window;
+    TestWindow window;
     for (const auto& [before, after] :
          {std::pair("~Zd", "~dZ"), {"~Z d", "~Z d"}, {"ZdZ", "dZZ"}}) {
         GlyphString text = before;
@@ -113,7 +113,7 @@ TEST(EngineRules, RephMovesPastOneGlyphButNotOverASpace) {
 
 TEST(EngineRules, ShortIMovesPastHalfForms) {
     constexpr GlyphView halfForms = "\"'./CDEFHILOPRTUXY[{\xB8\xCB\xD6\xD9\xDC\xE8\x9F\x99";
-    EngineWindow window;
+    TestWindow window;
     EditBox& box = window.txtMain;
     const auto moves = [&](const GlyphString& text, void (InputEngine::*step)()) {
         box.Text(text);
@@ -148,10 +148,10 @@ TEST(EngineRules, ReorderingStopsWhereTheCaretStandsTooNear) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.before);
-        EngineWindow window;
-        window.place(row.before);
+        TestWindow window;
+        place(window.txtMain, row.before);
         EXPECT_THROW((window.*row.step)(), RunTimeError);
-        EXPECT_EQ(window.marked(), row.after);
+        EXPECT_EQ(marked(window.txtMain), row.after);
     }
 }
 

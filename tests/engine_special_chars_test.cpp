@@ -1,6 +1,6 @@
 // The window of special characters: when it opens, and what a choice does.
 #include "base/run_time_error.h"
-#include "tests/engine_window.h"
+#include "tests/test_window.h"
 #include "tests/typing.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-void choose(EngineWindow& window, int index) {
+void choose(TestWindow& window, int index) {
     window.specialCharacters().control("cmbSpecial").choose(index);
 }
 
@@ -26,7 +26,7 @@ TEST(EngineSpecialChars, DoubleZOpensThemInNormalMode) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.keys);
-        EngineWindow window;
+        TestWindow window;
         window.keyboard = normalMode;
         typing::type(window.txtMain, row.keys);
         EXPECT_EQ(window.desktop.forms.calls, Calls(row.shows, "show frmSpl"));
@@ -35,7 +35,7 @@ TEST(EngineSpecialChars, DoubleZOpensThemInNormalMode) {
 }
 
 TEST(EngineSpecialChars, FirstZWaitsThroughInscriptMode) {
-    EngineWindow window;
+    TestWindow window;
     for (const char* mode : {normalMode, inscriptMode, normalMode}) {
         EXPECT_TRUE(window.desktop.forms.calls.empty());
         window.keyboard = mode;
@@ -47,47 +47,47 @@ TEST(EngineSpecialChars, FirstZWaitsThroughInscriptMode) {
 TEST(EngineSpecialChars, EveryEntryTakesThePlaceOfTheDoubleZ) {
     constexpr GlyphView entries =
         "$@GW(!Z^`sz\xAA\xB7\xB3\xDB\xE5\x83\x84\x85\x86\x87\x88\x89\x8A\x8BW";
-    EngineWindow window;
+    TestWindow window;
     window.keyboard = normalMode;
     Control& list = window.specialCharacters().control("cmbSpecial");
     EXPECT_EQ(list.Caption(), "ugha");
     ASSERT_EQ(list.List.size(), entries.size());
     for (std::size_t at = 0; at < entries.size(); ++at) {
         SCOPED_TRACE(at);
-        window.place("r|h");
+        place(window.txtMain, "r|h");
         window.desktop.forms.calls.clear();
         typing::type(window.txtMain, "kzz");
         choose(window, static_cast<int>(at));
-        EXPECT_EQ(window.marked(), GlyphString("rk") + entries[at] + "|h");
+        EXPECT_EQ(marked(window.txtMain), GlyphString("rk") + entries[at] + "|h");
         EXPECT_EQ(window.desktop.forms.calls, (Calls{"show frmSpl", "hide frmSpl"}));
     }
 }
 
 TEST(EngineSpecialChars, TheChosenEntryStaysAndCanBeChosenAgain) {
-    EngineWindow window;
+    TestWindow window;
     window.keyboard = normalMode;
     typing::type(window.txtMain, "zz");
     choose(window, 25);
     typing::type(window.txtMain, "zz");
     window.specialCharacters().close();
     EXPECT_FALSE(window.specialCharacters().isVisible());
-    EXPECT_EQ(window.marked(), "Wzz|");
+    EXPECT_EQ(marked(window.txtMain), "Wzz|");
 
     typing::type(window.txtMain, "ab"); // whatever stands before the caret is replaced
     window.specialCharacters().show();
     EXPECT_EQ(window.specialCharacters().control("cmbSpecial").ListIndex, 25);
     choose(window, 25);
-    EXPECT_EQ(window.marked(), "WzzW|");
+    EXPECT_EQ(marked(window.txtMain), "WzzW|");
 }
 
 TEST(EngineSpecialChars, AChoiceTooNearTheStartFailsAndChangesNothing) {
     for (const char* before : {"|zz", "z|z"}) {
         SCOPED_TRACE(before);
-        EngineWindow window;
-        window.place(before);
+        TestWindow window;
+        place(window.txtMain, before);
         window.specialCharacters().show();
         EXPECT_THROW(choose(window, 0), RunTimeError);
-        EXPECT_EQ(window.marked(), before);
+        EXPECT_EQ(marked(window.txtMain), before);
         EXPECT_TRUE(window.specialCharacters().isVisible());
     }
 }
@@ -97,13 +97,13 @@ TEST(EngineSpecialChars, CheckOpensThemBehindTwoInscriptZ) {
         {"\xBB\xBB|", true}, {"d\xBB\xBB|d", true}, {"d\xBB|\xBB", false}, {"zz|", false}};
     for (const auto& [before, opens] : rows) {
         SCOPED_TRACE(testing::PrintToString(GlyphString(before)));
-        EngineWindow window;
-        window.place(before);
+        TestWindow window;
+        place(window.txtMain, before);
         window.spl_char_check();
         EXPECT_EQ(window.specialCharacters().isVisible(), opens);
     }
-    EngineWindow window;
-    window.place("\xBB|\xBB");
+    TestWindow window;
+    place(window.txtMain, "\xBB|\xBB");
     EXPECT_THROW(window.spl_char_check(), RunTimeError);
 }
 

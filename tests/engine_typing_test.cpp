@@ -1,6 +1,6 @@
 // Keys into the box, glyphs out of it. Boxes are written with "|" at the caret, or around the
 // selection.
-#include "tests/engine_window.h"
+#include "tests/test_window.h"
 #include "tests/typing.h"
 
 #include <gtest/gtest.h>
@@ -89,16 +89,16 @@ const TypingRow inscriptRows[] = {
 TEST(EngineTyping, InscriptKeysGiveGlyphsInVisualOrder) {
     for (const TypingRow& row : inscriptRows) {
         SCOPED_TRACE(testing::Message() << "keys " << row.keys << " into " << row.before);
-        EngineWindow window;
-        window.place(row.before);
+        TestWindow window;
+        place(window.txtMain, row.before);
         type(window.txtMain, row.keys);
-        EXPECT_EQ(window.marked(), row.after);
+        EXPECT_EQ(marked(window.txtMain), row.after);
     }
 }
 
 // Plays events: "+E" presses a key, "-E" releases it, "=N" and "=I" switch the mode, "<<"
 // selects the glyph before the caret.
-void play(EngineWindow& window, GlyphView events) {
+void play(TestWindow& window, GlyphView events) {
     EditBox& box = window.txtMain;
     for (; !events.empty(); events.remove_prefix(2)) {
         switch (events[0]) {
@@ -129,48 +129,48 @@ TEST(EngineTyping, KeysMayOverlap) {
     };
     for (const auto& [events, after] : rows) {
         SCOPED_TRACE(events);
-        EngineWindow window;
+        TestWindow window;
         play(window, events);
-        EXPECT_EQ(window.marked(), after);
+        EXPECT_EQ(marked(window.txtMain), after);
         EXPECT_EQ(window.spl_case, "");
         EXPECT_FALSE(window.keyboard_generated_character);
     }
 }
 
 TEST(EngineTyping, CtrlKeepsTheNextKeyAsItIs) {
-    EngineWindow window;
-    window.place("d~|k|");
+    TestWindow window;
+    place(window.txtMain, "d~|k|");
     typing::strikeWithCtrl(window.txtMain, 'c');
-    EXPECT_EQ(window.marked(), "d~|k|");
+    EXPECT_EQ(marked(window.txtMain), "d~|k|");
     EXPECT_TRUE(window.textboxused);
 
     type(window.txtMain, "l"); // converted and rewritten again
-    EXPECT_EQ(window.marked(), "\xE4|");
+    EXPECT_EQ(marked(window.txtMain), "\xE4|");
 
     window.txtMain.keyDown(key::ctrl, modifier::ctrl); // its release goes elsewhere
     type(window.txtMain, "kk");
-    EXPECT_EQ(window.marked(), "\xE4kd|");
+    EXPECT_EQ(marked(window.txtMain), "\xE4kd|");
 }
 
 TEST(EngineTyping, ReleaseRewritesForTheKeysThatCount) {
     for (std::int16_t code = 0; code <= 255; ++code) {
         SCOPED_TRACE(code);
-        EngineWindow window;
-        window.place("d~|k|");
+        TestWindow window;
+        place(window.txtMain, "d~|k|");
         window.spl_case = "107"; // not pending: no key was converted
         window.txtMain.keyUp(code, 0);
         const bool counts = code >= '3' && (code < key::f1 || code > key::f12);
-        EXPECT_EQ(window.marked(), counts ? "D|k" : "d~|k|");
+        EXPECT_EQ(marked(window.txtMain), counts ? "D|k" : "d~|k|");
     }
 }
 
 TEST(EngineTyping, OnlyTheTwoModesDoAnything) {
     for (const char* mode : {normalMode, "inscript", ""}) {
         SCOPED_TRACE(mode);
-        EngineWindow window;
+        TestWindow window;
         window.keyboard = mode;
         type(window.txtMain, "Ekdf3zZ");
-        EXPECT_EQ(window.marked(), "Ekdf3zZ|");
+        EXPECT_EQ(marked(window.txtMain), "Ekdf3zZ|");
         EXPECT_TRUE(window.textboxused);
         EXPECT_EQ(window.IsCharz, false);
         type(window.txtMain, "zz");
@@ -201,12 +201,12 @@ std::string secondGlyph(int typed) {
 TEST(EngineTyping, EveryCodeIsTypedAsItsGlyph) {
     for (std::int16_t typed = -2; typed <= 300; ++typed) {
         SCOPED_TRACE(typed);
-        EngineWindow window;
+        TestWindow window;
         window.spl_case = "pending"; // stays with keys of one glyph
         EXPECT_EQ(window.fetch_kruti_character(typed), std::to_string(firstGlyph(typed)));
         EXPECT_EQ(window.spl_case, secondGlyph(typed));
 
-        window.place("a|");
+        place(window.txtMain, "a|");
         window.txtMain.keyPress(typed, 0);
         GlyphString after = GlyphString("a") + static_cast<char>(firstGlyph(typed));
         if (typed > 0 && typed < 32 && typed != '\t')

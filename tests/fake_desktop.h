@@ -24,6 +24,7 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
     std::map<std::string, GlyphString> disk;
     std::set<std::string> readOnly; // paths that cannot be written
     GlyphString clipboard;
+    bool clipboardFails = false;
     std::vector<std::string> calls; // what was asked, in order
     FakeForms forms;
 
@@ -63,7 +64,11 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
     }
 
     void setText(GlyphView text) override { clipboard = text; }
-    GlyphString text() override { return clipboard; }
+    GlyphString text() override {
+        if (clipboardFails)
+            throw RunTimeError(ErrorNumber::PermissionDenied);
+        return clipboard;
+    }
 
     // 1024 x 768 pixels at 96 dots per inch.
     Twips width() const override { return {15360}; }

@@ -1,9 +1,8 @@
 // The tables of the main window, each row walked to its handler, and the keys on their way.
 #include "platform/key_codes.h"
-#include "tests/fake_desktop.h"
+#include "tests/test_window.h"
 #include "window/box_keyboard.h"
 #include "window/context_menu.h"
-#include "window/frm_quillet.h"
 #include "window/image_list.h"
 #include "window/menu_table.h"
 #include "window/toolbar_table.h"
@@ -19,7 +18,8 @@ namespace quillet {
 namespace {
 
 // All that a command of the tables can change.
-std::string look(const frmQuillet& form, const FakeDesktop& desktop) {
+std::string look(const TestWindow& form) {
+    const FakeDesktop& desktop = form.desktop;
     const EditBox& box = form.txtMain;
     std::string look = box.Text() + "|" + std::to_string(box.SelStart()) + "+" +
                        std::to_string(box.SelLength()) + "|" + form.keyboard + "|" +
@@ -33,14 +33,11 @@ std::string look(const frmQuillet& form, const FakeDesktop& desktop) {
 }
 
 struct Window : ::testing::Test {
-    FakeDesktop desktop;
-    frmQuillet form{desktop.services()};
+    TestWindow form;
+    FakeDesktop& desktop = form.desktop;
     BoxKeyboard keyboard{form};
 
-    void SetUp() override {
-        form.show();
-        form.txtMain.Text("abc");
-    }
+    void SetUp() override { form.txtMain.Text("abc"); }
 };
 
 TEST_F(Window, LoadSetsTheDefaultsAndTheLayout) {
@@ -145,9 +142,8 @@ const std::map<std::string, std::string> sameAs = {
 
 void expectEffect(const std::string& name, const std::function<void(frmQuillet&)>& run) {
     SCOPED_TRACE(name);
-    FakeDesktop desktop;
-    frmQuillet form(desktop.services());
-    form.show();
+    TestWindow form;
+    FakeDesktop& desktop = form.desktop;
     form.Caption("T");
     form.txtMain.load(GapBuffer("abc"));
     for (const char* text : {"xyz", "abc", "zzz"})
@@ -156,12 +152,12 @@ void expectEffect(const std::string& name, const std::function<void(frmQuillet&)
     form.txtMain.select({1, 2});
     desktop.clipboard = "Q";
     desktop.forms.calls.clear();
-    const std::string before = look(form, desktop);
+    const std::string before = look(form);
     run(form);
     std::erase(desktop.forms.calls, "caption frmQuillet");
     const auto alias = sameAs.find(name);
     const auto effect = effects.find(alias == sameAs.end() ? name : alias->second);
-    EXPECT_EQ(look(form, desktop), effect == effects.end() ? before : effect->second);
+    EXPECT_EQ(look(form), effect == effects.end() ? before : effect->second);
 }
 
 TEST(WindowTables, EveryRowReachesItsHandler) {
@@ -181,13 +177,11 @@ TEST(WindowTables, EveryRowReachesItsHandler) {
         expectEffect(key, [&](frmQuillet& form) { form.Toolbar1_ButtonClick(key); });
 }
 
-TEST_F(Window, TheToolbarSkipsFailuresButEndsTheProgram) {
-    form.txtMain.KeyPress = nullptr;
-    desktop.forms.calls.clear();
-    form.Toolbar1_ButtonClick("KeyboardOld");
-    EXPECT_EQ(form.keyboard, "Normal");
-    form.textboxused = true;
-    EXPECT_THROW(form.mnuExit_Click(), EndOfProgram);
+TEST_F(Window, TheToolbarSkipsAFailureThatTheMenuDoesNot) {
+    desktop.clipboardFails = true;
+    form.Toolbar1_ButtonClick("Paste");
+    EXPECT_THROW(form.mnuPaste_Click(), RunTimeError);
+    EXPECT_EQ(form.txtMain.Text(), "abc");
 }
 
 // Keys as "d" down and "u" up with their characters; "C" is Ctrl, "S" Shift, "~" loses the focus.
@@ -231,10 +225,8 @@ TEST_F(Window, KeysGoToTheBoxOrToTheMenu) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        FakeDesktop fakes;
-        frmQuillet window(fakes.services());
+        TestWindow window;
         BoxKeyboard keys(window);
-        window.show();
         window.txtMain.Text("abc");
         std::int16_t held = 0;
         for (const char* at = row.keys; *at != '\0'; ++at) {

@@ -19,7 +19,6 @@
 #include <QTimerEvent>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 namespace quillet {
@@ -30,10 +29,6 @@ constexpr int margin = 4;
 
 // Comes before the repaint that is pending, and after all changes of one event.
 const auto settleEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
-
-int pixels(Twips length) {
-    return static_cast<int>(std::lround(toPixels(length, QtScreen::dotsPerInch())));
-}
 
 } // namespace
 
@@ -49,10 +44,9 @@ EditView::EditView(frmQuillet& form, QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setCursor(Qt::IBeamCursor);
-    viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     box_.setObserver(this);
-    geometryChanged();
+    takePlace();
 }
 
 EditView::~EditView() {
@@ -181,9 +175,9 @@ void EditView::fontChanged() {
     viewport()->update();
 }
 
-void EditView::geometryChanged() {
-    setGeometry(pixels(box_.Left()), pixels(box_.Top()), pixels(box_.Width()),
-                pixels(box_.Height()));
+void EditView::takePlace() {
+    setGeometry(QtScreen::pixels(box_.Left()), QtScreen::pixels(box_.Top()),
+                QtScreen::pixels(box_.Width()), QtScreen::pixels(box_.Height()));
 }
 
 // Wraps the text for the present font and width, and keeps the text at the top where it is.

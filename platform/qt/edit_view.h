@@ -41,8 +41,9 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void textChanged(const LineChange& lines) override;
     void selectionChanged() override;
     void fontChanged() override;
-    void geometryChanged() override;
+    void geometryChanged() override { takePlace(); }
 
+    void takePlace();
     void wrap();
     void askToSettle();
     void settle();

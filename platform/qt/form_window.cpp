@@ -10,15 +10,10 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-
-#include <cmath>
+#include <QScreen>
 
 namespace quillet {
 namespace {
-
-int pixels(Twips length) {
-    return static_cast<int>(std::lround(toPixels(length, QtScreen::dotsPerInch())));
-}
 
 QFont fontOf(const ControlFont& design, const QFont& standard) {
     QFont font = standard;
@@ -34,16 +29,19 @@ QFont fontOf(const ControlFont& design, const QFont& standard) {
 
 FormWindow::FormWindow(Form& form) : form_(form) {
     const FormDesign& design = form.design();
-    setFixedSize(pixels(design.width), pixels(design.height));
-    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    setFixedSize(QtScreen::pixels(design.width), QtScreen::pixels(design.height));
+    setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
+    setWindowIcon(productIcon());
+    move(screen()->availableGeometry().center() - rect().center());
     QWidget* previous = nullptr;
     for (Control& control : form.controls()) {
         const ControlDesign& row = control.design();
         QWidget* widget = makeWidget(control);
         widget->setObjectName(row.name);
         widget->setFont(fontOf(row.font, font()));
-        widget->setGeometry(pixels(row.left), pixels(row.top), pixels(row.width),
-                            pixels(row.height));
+        widget->setGeometry(QtScreen::pixels(row.left), QtScreen::pixels(row.top),
+                            QtScreen::pixels(row.width), QtScreen::pixels(row.height));
         if (previous != nullptr)
             setTabOrder(previous, widget);
         previous = widget;
@@ -87,7 +85,7 @@ QWidget* FormWindow::makeButton(Control& control) {
 QWidget* FormWindow::makePicture(const Control& control) {
     auto* label = new QLabel(this);
     const ControlDesign& row = control.design();
-    label->setPixmap(picture(row.caption, pixels(row.height)));
+    label->setPixmap(picture(row.caption, QtScreen::pixels(row.height)));
     return label;
 }
 

@@ -32,7 +32,7 @@ constexpr QRgb webColor = 0xFF00778A;
 // In the order of the image list.
 constexpr std::array<Tile, imageList.size()> tiles = {{
     {"Underline", u"U", styleColor, false, true},
-    {"Copy", u"\u29C9", editColor},
+    {"Copy", u"\u25EB", editColor},
     {"Cut", u"\u2702", editColor},
     {"Italic", u"I", styleColor, true},
     {"New", u"+", fileColor},

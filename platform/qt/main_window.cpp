@@ -93,7 +93,7 @@ void MainWindow::buildToolbar() {
 
 // Along the top edge, and no higher than the room that the form leaves above the box.
 void MainWindow::placeToolbar() {
-    const int room = static_cast<int>(toPixels(form_.txtMain.Top(), QtScreen::dotsPerInch()));
+    const int room = QtScreen::pixels(form_.txtMain.Top());
     toolbar_->setGeometry(0, 0, centralWidget()->width(),
                           std::min(toolbar_->sizeHint().height(), room));
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -14,6 +15,8 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStandardPaths>
+
+#include <cmath>
 
 namespace quillet {
 namespace {
@@ -84,7 +87,9 @@ QStringList nameFilters(const std::vector<FileFilter>& filters) {
 
 void startAt(QFileDialog& dialog, const QString& name) {
     if (name.isEmpty()) {
-        dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        const auto documents = QStandardPaths::DocumentsLocation;
+        const QDir folder(QStandardPaths::writableLocation(documents));
+        dialog.setDirectory(folder.exists() ? folder : QDir::home());
         return;
     }
     dialog.setDirectory(QFileInfo(name).absolutePath());
@@ -131,6 +136,10 @@ GlyphString QtClipboard::text() {
 
 double QtScreen::dotsPerInch() {
     return QGuiApplication::primaryScreen()->logicalDotsPerInch();
+}
+
+int QtScreen::pixels(Twips length) {
+    return static_cast<int>(std::lround(toPixels(length, dotsPerInch())));
 }
 
 Twips QtScreen::width() const {

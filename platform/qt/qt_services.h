@@ -30,8 +30,9 @@ class QtScreen : public Screen {
     Twips width() const override;
     Twips height() const override;
 
-    /// The dots per inch that twips are turned into pixels with.
+    /// Lengths in logical pixels, at the dots per inch of the primary screen.
     static double dotsPerInch();
+    static int pixels(Twips length);
 };
 
 } // namespace quillet
