@@ -42,6 +42,7 @@ Process::Process(std::vector<std::string> command) : pid_(fork()) {
     if (pid_ != 0)
         return;
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);

@@ -1,0 +1,193 @@
+// What the toolkit's side translates, paints and catches, without a display.
+#include "base/run_time_error.h"
+#include "platform/qt/entry.h"
+#include "platform/qt/form_window.h"
+#include "platform/qt/key_translation.h"
+#include "platform/qt/main_window.h"
+#include "platform/qt/qt_services.h"
+#include "platform/qt/text_codec.h"
+#include "tests/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QTimer>
+
+namespace quillet {
+namespace {
+
+QKeyEvent keyEvent(int key, Qt::KeyboardModifiers modifiers, const QString& text,
+                   quint32 scanCode = 0, quint32 keysym = 0, quint32 native = 0) {
+    return {QEvent::KeyPress, key, modifiers, scanCode, keysym, native, text};
+}
+
+TEST(KeyTranslation, GivesCodesAndCharactersWhateverTheLayout) {
+    const Qt::KeyboardModifiers none = Qt::NoModifier;
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    const Qt::KeyboardModifiers ctrl = Qt::ControlModifier;
+    constexpr int noCharacter = -1;
+    const struct {
+        const char* name;
+        QKeyEvent event;
+        int keyCode;
+        int character;
+    } rows[] = {
+        {"letter", keyEvent(Qt::Key_K, none, "k", 45), 'K', 'k'},
+        {"letter of another Latin layout", keyEvent(Qt::Key_A, none, "a", 24), 'A', 'a'},
+        {"shifted digit", keyEvent(Qt::Key_At, shift, "@", 11), '2', '@'},
+        {"shifted punctuation", keyEvent(Qt::Key_Less, shift, "<", 59), 188, '<'},
+        {"its release without Shift", keyEvent(Qt::Key_Comma, none, ",", 59), 188, ','},
+        {"no scan code", keyEvent(Qt::Key_Question, shift, "?"), 191, '?'},
+        {"Devanagari", keyEvent(0x0915, none, QString(QChar(0x0915)), 45), 'K', 'k'},
+        {"Devanagari with Shift", keyEvent(0x0916, shift, QString(QChar(0x0916)), 45), 'K', 'K'},
+        {"Devanagari with caps lock", keyEvent(0x915, none, QString(QChar(0x915)), 45, 0, 2), 'K',
+         'K'},
+        {"Devanagari with Ctrl", keyEvent(0x0938, ctrl, QString(QChar(0x0938)), 39), 'S', 19},
+        {"dead key", keyEvent(Qt::Key_Dead_Acute, none, "", 48), 222, '\''},
+        {"euro sign", keyEvent(Qt::Key_E, none, QString(QChar(0x20AC)), 26), 'E', 0x80},
+        {"keypad digit", keyEvent(Qt::Key_5, Qt::KeypadModifier, "5", 84, 0xFFB5), 101, '5'},
+        {"keypad without NumLock", keyEvent(Qt::Key_Left, Qt::KeypadModifier, "", 83, 0xFF96), 37,
+         noCharacter},
+        {"keypad Enter", keyEvent(Qt::Key_Enter, Qt::KeypadModifier, "\r", 104, 0xFF8D), 13, 13},
+        {"F12", keyEvent(Qt::Key_F12, none, "", 96), 123, noCharacter},
+        {"Delete", keyEvent(Qt::Key_Delete, none, "\x7F", 119), 46, noCharacter},
+        {"Shift+Tab", keyEvent(Qt::Key_Backtab, shift, "", 23), 9, 9},
+        {"Escape", keyEvent(Qt::Key_Escape, none, "\x1B", 9), 27, 27},
+        {"Ctrl+letter", keyEvent(Qt::Key_Z, ctrl, "\x1A", 52), 'Z', 26},
+        {"Ctrl+Backspace", keyEvent(Qt::Key_Backspace, ctrl, "\x08", 22), 8, 127},
+        {"Alt+letter", keyEvent(Qt::Key_F, Qt::AltModifier, "f", 41), 'F', noCharacter},
+        {"unknown", keyEvent(Qt::Key_VolumeUp, none, "", 123), 255, noCharacter},
+    };
+    for (const auto& row : rows) {
+        const KeyStroke stroke = translateKey(row.event);
+        EXPECT_EQ(stroke.keyCode, row.keyCode) << row.name;
+        EXPECT_EQ(stroke.character.value_or(noCharacter), row.character) << row.name;
+    }
+    EXPECT_EQ(translateKey(keyEvent(Qt::Key_Control, none, "", 37)).shift, modifier::ctrl)
+        << "a modifier counts from its own press on";
+}
+
+TEST(TextCodec, CarriesEveryByteAndMarksTheRest) {
+    GlyphString bytes;
+    for (int code = 0; code < 256; ++code)
+        bytes.push_back(static_cast<char>(code));
+    EXPECT_EQ(glyphText(displayText(bytes)), bytes);
+    EXPECT_EQ(displayText("\x99\x83"), QString::fromUtf8("™ƒ"));
+    EXPECT_EQ(glyphText(QString::fromUtf8("aक😀é")), "a??\xE9");
+}
+
+// Strikes a key in the next message box, and if that leaves it open clicks `button`.
+void answerNext(Qt::Key key, QMessageBox::StandardButton button) {
+    QTimer::singleShot(0, [=] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(box, &press);
+        if (box->isVisible() && !box->close())
+            box->button(button)->click();
+    });
+}
+
+TEST(QtMessageBox, EscAndTheCloseBoxAnswerOnlyWhereThereIsACancel) {
+    QtMessageBox boxes;
+    answerNext(Qt::Key_Escape, QMessageBox::Yes);
+    EXPECT_EQ(boxes.show({.text = "?", .buttons = Buttons::YesNo}), Answer::Yes);
+    answerNext(Qt::Key_Escape, QMessageBox::Yes);
+    EXPECT_EQ(boxes.show({.text = "?", .buttons = Buttons::YesNoCancel}), Answer::Cancel);
+    answerNext(Qt::Key_Return, QMessageBox::NoButton);
+    EXPECT_EQ(boxes.show({.text = "!"}), Answer::Ok);
+}
+
+struct View : ::testing::Test {
+    TestWindow form;
+    MainWindow window{form};
+
+    void SetUp() override {
+        window.resize(1000, 700);
+        window.show();
+    }
+
+    QImage image() {
+        QApplication::processEvents();
+        return window.findChild<QAbstractScrollArea*>()->viewport()->grab().toImage();
+    }
+
+    // How many pixels have the colour of selected text's background.
+    qsizetype selectedPixels() {
+        const QImage now = image();
+        const QColor highlight = window.palette().color(QPalette::Highlight);
+        qsizetype count = 0;
+        for (int y = 0; y < now.height(); ++y)
+            for (int x = 0; x < now.width(); ++x)
+                count += now.pixelColor(x, y) == highlight ? 1 : 0;
+        return count;
+    }
+};
+
+TEST_F(View, PaintsTextAndSelectionAndFollowsTheCaret) {
+    const QImage empty = image();
+    form.txtMain.Text("abc\tdef\x01");
+    const QImage text = image();
+    EXPECT_NE(text, empty);
+    form.txtMain.FontBold(true);
+    EXPECT_NE(image(), text);
+
+    EXPECT_EQ(selectedPixels(), 0);
+    form.mnuSelectAll_Click();
+    EXPECT_GT(selectedPixels(), 500);
+
+    std::string lines;
+    for (int line = 0; line < 500; ++line)
+        lines += "line\r\n";
+    form.txtMain.Text(lines);
+    form.txtMain.SelStart(form.txtMain.length() - 4);
+    form.txtMain.SelLength(2);
+    EXPECT_GT(selectedPixels(), 50) << "the caret is brought into view";
+    form.txtMain.SelStart(0);
+    form.txtMain.SelLength(2);
+    EXPECT_GT(selectedPixels(), 50);
+}
+
+TEST(FormWindow, ChoosesAnEntryAlsoWhenItIsTheOneShown) {
+    TestWindow form;
+    form.txtMain.Text("zzzz");
+    form.txtMain.SelStart(4);
+    frmSpl& chars = form.specialCharacters();
+    chars.load();
+    FormWindow window(chars);
+    auto* list = window.findChild<QComboBox*>("cmbSpecial");
+    EXPECT_EQ(list->itemText(16), QString::fromUtf8("ƒ"));
+    for (int times = 0; times < 2; ++times)
+        Q_EMIT list->activated(16);
+    EXPECT_EQ(form.txtMain.Text(), "z\x83") << "two for two, and then two for one again";
+}
+
+// The last one, for afterwards the program has ended and no event runs anything.
+TEST(ZEntry, ReportsAnUncaughtErrorAndEnds) {
+    QString shown;
+    QTimer::singleShot(0, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        shown = box->windowTitle() + "|" + box->text();
+        box->accept();
+    });
+    enter([] { throw RunTimeError(ErrorNumber::InvalidPropertyValue); });
+    EXPECT_EQ(shown, "Quillet1.0|Run-time error '380':\n\nInvalid property value");
+    bool ran = false;
+    enter([&] { ran = true; });
+    EXPECT_FALSE(ran);
+    EXPECT_THROW(leaveModalLoop(), EndOfProgram);
+}
+
+} // namespace
+} // namespace quillet
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
