@@ -18,13 +18,18 @@ QWidget* makeWindow(Form& form) {
     return new FormWindow(form);
 }
 
+// Qt takes "[*]" in a title for a mark of its own; twice it stands for itself.
+QString titleOf(const Form& form) {
+    return fromUtf8(form.Caption()).replace("[*]", "[*][*]");
+}
+
 } // namespace
 
 void QtForms::show(Form& form) {
     QWidget*& window = windows_[&form];
     if (window == nullptr) {
         window = makeWindow(form);
-        window->setWindowTitle(fromUtf8(form.Caption()));
+        window->setWindowTitle(titleOf(form));
         form.design().frame == FormFrame::Maximized ? window->showMaximized() : window->show();
     }
     window->raise();
@@ -45,7 +50,7 @@ void QtForms::hide(Form& form) {
 void QtForms::captionChanged(Form& form) {
     const auto found = windows_.find(&form);
     if (found != windows_.end())
-        found->second->setWindowTitle(fromUtf8(form.Caption()));
+        found->second->setWindowTitle(titleOf(form));
 }
 
 void QtForms::dropWindows() {
