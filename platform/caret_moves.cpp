@@ -124,6 +124,25 @@ Position wordRight(const CaretContext& from) {
     return blanks == from.caret ? glyphRight(from) : blanks;
 }
 
+Selection wordAt(const GapBuffer& text, Position place) {
+    const bool atEnd = place == static_cast<Position>(text.size()) || isBreak(text[place]);
+    if (atEnd && (place == 0 || isBreak(text[place - 1])))
+        return {.anchor = place, .caret = place};
+    const auto test = isBlank(text[atEnd ? place - 1 : place]) ? isBlank : isWord;
+    return {.anchor = skipLeft(text, place, test), .caret = skipRight(text, place, test)};
+}
+
+Selection paragraphAt(const GapBuffer& text, Position place) {
+    const auto noBreak = [](char glyph) { return !isBreak(glyph); };
+    const auto size = static_cast<Position>(text.size());
+    const bool inPair = place > 0 && place < size && text[place - 1] == '\r' && text[place] == '\n';
+    const Position from = skipLeft(text, inPair ? place - 1 : place, noBreak);
+    Position to = skipRight(text, inPair ? place - 1 : place, noBreak);
+    if (to < size)
+        to += text[to] == '\r' && to + 1 < size && text[to + 1] == '\n' ? 2 : 1;
+    return {.anchor = from, .caret = to};
+}
+
 const CaretKey* findCaretKey(std::int16_t keyCode, bool ctrl) {
     const auto* found =
         std::find_if(caretKeys.begin(), caretKeys.end(), [keyCode, ctrl](const CaretKey& row) {

@@ -4,6 +4,7 @@
 #include "base/gap_buffer.h"
 #include "base/glyph_string.h"
 #include "platform/line_layout.h"
+#include "platform/undo_history.h"
 
 #include <cstdint>
 
@@ -27,6 +28,12 @@ Position glyphLeft(const CaretContext& from);
 Position glyphRight(const CaretContext& from);
 Position wordLeft(const CaretContext& from);
 Position wordRight(const CaretContext& from);
+
+/// The word at `place`, or the run of blanks and tabs there; empty between two line breaks.
+Selection wordAt(const GapBuffer& text, Position place);
+
+/// The text between the line breaks around `place`, with the one behind it.
+Selection paragraphAt(const GapBuffer& text, Position place);
 
 struct CaretKey {
     std::int16_t keyCode; // virtual-key code

@@ -131,6 +131,10 @@ class EditBox {
     const Selection& selection() const { return selection_; }
     void select(const Selection& selection);
 
+    /// What a double and a triple click select at a place.
+    Selection wordAt(Position place) const { return quillet::wordAt(text_, place); }
+    Selection paragraphAt(Position place) const { return quillet::paragraphAt(text_, place); }
+
     /// The displayed lines. The view sets their metrics and how many of them a page shows.
     const LineLayout& lines() const { return lines_; }
     void setMetrics(const LineMetrics& metrics);

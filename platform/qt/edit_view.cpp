@@ -27,6 +27,8 @@ namespace {
 // Room at the edges for what glyphs draw outside their own width.
 constexpr int margin = 4;
 
+constexpr int dragScrollInterval = 40; // milliseconds
+
 // Comes before the repaint that is pending, and after all changes of one event.
 const auto settleEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -37,6 +39,7 @@ EditView::EditView(frmQuillet& form, QWidget* parent)
       form_(form),
       box_(form.txtMain),
       keyboard_(form),
+      pointer_(form.txtMain),
       font_(form.txtMain),
       shownSelection_(form.txtMain.selection()) {
     setFocusPolicy(Qt::StrongFocus);
@@ -102,10 +105,12 @@ void EditView::scrollContentsBy(int /*dx*/, int dy) {
 }
 
 void EditView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != blinkTimer_.timerId())
-        return;
-    caretOn_ = !caretOn_;
-    viewport()->update(caretRect());
+    if (event->timerId() == scrollTimer_.timerId()) {
+        scrollByDrag();
+    } else if (event->timerId() == blinkTimer_.timerId()) {
+        caretOn_ = !caretOn_;
+        viewport()->update(caretRect());
+    }
 }
 
 void EditView::keyPressEvent(QKeyEvent* event) {
@@ -127,19 +132,40 @@ void EditView::focusOutEvent(QFocusEvent* /*event*/) {
     enter([this] { keyboard_.focusLost(); });
 }
 
+// A press soon after a double click, and near it, is the third one.
 void EditView::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
-    const Position place = placeAt(event->position().toPoint());
-    const bool extends = event->modifiers().testFlag(Qt::ShiftModifier);
-    enter([&] { box_.select({extends ? box_.selection().anchor : place, place}); });
+    const QPoint point = event->position().toPoint();
+    const bool third =
+        doubleClick_.isValid() && !doubleClick_.hasExpired(QApplication::doubleClickInterval()) &&
+        (point - doubleClickAt_).manhattanLength() < QApplication::startDragDistance();
+    doubleClick_.invalidate();
+    pressAt(point, third ? 3 : 1, event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void EditView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    doubleClickAt_ = event->position().toPoint();
+    doubleClick_.start();
+    pressAt(doubleClickAt_, 2, false);
 }
 
 void EditView::mouseMoveEvent(QMouseEvent* event) {
     if (!event->buttons().testFlag(Qt::LeftButton))
         return;
-    const Position place = placeAt(event->position().toPoint());
-    enter([&] { box_.select({box_.selection().anchor, place}); });
+    const QPoint point = event->position().toPoint();
+    dragTo(point);
+    const bool outside = point.y() < 0 || point.y() >= viewport()->height();
+    if (!outside)
+        scrollTimer_.stop();
+    else if (!scrollTimer_.isActive())
+        scrollTimer_.start(dragScrollInterval, this);
+}
+
+void EditView::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    scrollTimer_.stop();
 }
 
 void EditView::contextMenuEvent(QContextMenuEvent* event) {
@@ -220,6 +246,23 @@ void EditView::showCaret() {
         verticalScrollBar()->setValue(line);
     else if (line >= top + visibleLines())
         verticalScrollBar()->setValue(line - visibleLines() + 1);
+}
+
+void EditView::pressAt(QPoint point, int clicks, bool extend) {
+    enter([&] { pointer_.press(placeAt(point), clicks, extend); });
+}
+
+void EditView::dragTo(QPoint point) {
+    enter([&] { pointer_.drag(placeAt(point)); });
+}
+
+// The further outside the pointer is, the faster.
+void EditView::scrollByDrag() {
+    const QPoint point = viewport()->mapFromGlobal(QCursor::pos());
+    const int beyond = point.y() < 0 ? point.y() : std::max(0, point.y() - viewport()->height());
+    const int lines = beyond / font_.lineHeight() + (beyond < 0 ? -1 : 1);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + lines);
+    dragTo(point);
 }
 
 void EditView::restartBlinking() {

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "platform/edit_box.h"
+#include "platform/pointer_selection.h"
 #include "platform/qt/glyph_font.h"
 #include "window/box_keyboard.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
+#include <QElapsedTimer>
 
 namespace quillet {
 
@@ -33,7 +35,9 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool focusNextPrevChild(bool /*next*/) override { return false; } // Tab is a character
 
@@ -48,6 +52,9 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void askToSettle();
     void settle();
     void showCaret();
+    void pressAt(QPoint point, int clicks, bool extend);
+    void dragTo(QPoint point);
+    void scrollByDrag();
     void restartBlinking();
     void updateScrollBar();
     void updateLines(Position first, Position last);
@@ -62,9 +69,13 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     frmQuillet& form_;
     EditBox& box_;
     BoxKeyboard keyboard_;
+    PointerSelection pointer_;
     GlyphFont font_;
     Selection shownSelection_;
     QBasicTimer blinkTimer_;
+    QBasicTimer scrollTimer_;   // runs while a drag is beyond the upper or lower edge
+    QElapsedTimer doubleClick_; // since the last one
+    QPoint doubleClickAt_;
     bool caretOn_ = false;
     bool settlePending_ = false;
 };
