@@ -33,12 +33,12 @@ Position commonSuffix(const GapBuffer& buffer, Position end, Position count, Gly
 
 } // namespace
 
-class EditBox::KeyEvent {
+class EditBox::OneStep {
   public:
-    explicit KeyEvent(EditBox& box) : box_(box) { box_.inKeyEvent_ = true; }
-    ~KeyEvent() { box_.inKeyEvent_ = false; }
-    KeyEvent(const KeyEvent&) = delete;
-    KeyEvent& operator=(const KeyEvent&) = delete;
+    explicit OneStep(EditBox& box) : box_(box) { box_.inStep_ = true; }
+    ~OneStep() { box_.inStep_ = false; }
+    OneStep(const OneStep&) = delete;
+    OneStep& operator=(const OneStep&) = delete;
 
   private:
     EditBox& box_;
@@ -142,14 +142,14 @@ void EditBox::keyDown(std::int16_t KeyCode, std::int16_t Shift) {
     if (const CaretKey* moves = findCaretKey(KeyCode, ctrl)) {
         moveCaret(*moves, shift);
     } else if (KeyCode == key::del && !shift) {
-        const KeyEvent event(*this);
+        const OneStep step(*this);
         history_.closeStep();
         eraseTo(ctrl ? wordRight(caretContext()) : glyphRight(caretContext()));
     }
 }
 
 void EditBox::keyPress(std::int16_t KeyAscii, std::int16_t Shift) {
-    const KeyEvent event(*this);
+    const OneStep step(*this);
     history_.closeStep();
     if (KeyPress)
         KeyPress(KeyAscii);
@@ -157,7 +157,7 @@ void EditBox::keyPress(std::int16_t KeyAscii, std::int16_t Shift) {
 }
 
 void EditBox::keyUp(std::int16_t KeyCode, std::int16_t Shift) {
-    const KeyEvent event(*this);
+    const OneStep step(*this);
     if (KeyUp)
         KeyUp(KeyCode, Shift);
 }
@@ -182,6 +182,29 @@ void EditBox::redo() {
 
 void EditBox::select(const Selection& selection) {
     setSelection(selection);
+}
+
+void EditBox::dropText(GlyphView text, Position place) {
+    const OneStep step(*this);
+    history_.closeStep();
+    needRoom(text, 0);
+    const auto end = place + static_cast<Position>(text.size());
+    replace(place, 0, text, {.anchor = place, .caret = end});
+    history_.closeStep();
+}
+
+void EditBox::moveSelectionTo(Position place) {
+    const Selection from = selection_;
+    if (place >= from.start() && place <= from.end())
+        return;
+    const GlyphString text = SelText();
+    const OneStep step(*this);
+    history_.closeStep();
+    SelText("");
+    const Position to = place < from.start() ? place : place - static_cast<Position>(text.size());
+    const auto end = to + static_cast<Position>(text.size());
+    replace(to, 0, text, {.anchor = to, .caret = end});
+    history_.closeStep();
 }
 
 void EditBox::setMetrics(const LineMetrics& metrics) {
@@ -229,14 +252,14 @@ void EditBox::apply(Position at, Position removed, GlyphView inserted) {
 }
 
 void EditBox::record(TextEdit edit, const Selection& before, const Selection& after) {
-    if (!inKeyEvent_)
+    if (!inStep_)
         history_.closeStep();
     try {
         history_.record(std::move(edit), before, after);
     } catch (const std::bad_alloc&) {
         history_.clear(); // the text is right, only its past is lost
     }
-    if (!inKeyEvent_)
+    if (!inStep_)
         history_.closeStep();
 }
 

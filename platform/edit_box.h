@@ -131,6 +131,11 @@ class EditBox {
     const Selection& selection() const { return selection_; }
     void select(const Selection& selection);
 
+    /// Text is dropped at a place and selected there: one undo step each. `moveSelectionTo` takes
+    /// the selected text along; to a place inside the selection it does nothing.
+    void dropText(GlyphView text, Position place);
+    void moveSelectionTo(Position place);
+
     /// What a double and a triple click select at a place.
     Selection wordAt(Position place) const { return quillet::wordAt(text_, place); }
     Selection paragraphAt(Position place) const { return quillet::paragraphAt(text_, place); }
@@ -148,8 +153,8 @@ class EditBox {
     void setObserver(EditBoxObserver* observer) { observer_ = observer; }
 
   private:
-    /// Lets the changes made while it lives belong to the keystroke's undo step.
-    class KeyEvent;
+    /// Lets the changes made while it lives belong to one undo step.
+    class OneStep;
 
     void needRoom(GlyphView inserted, Position removed) const;
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
@@ -171,7 +176,7 @@ class EditBox {
     Twips left_, top_, width_, height_;
     Position pageLines_ = 1;
     std::optional<Advance> goalX_; // where vertical moves aim, once they have begun
-    bool inKeyEvent_ = false;
+    bool inStep_ = false;          // while a `OneStep` lives
     EditBoxObserver* observer_ = nullptr;
 };
 

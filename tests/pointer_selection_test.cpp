@@ -53,5 +53,27 @@ TEST(PointerSelection, ShiftMovesTheEndOfTheSelection) {
     EXPECT_EQ(box.SelText(), "ab");
 }
 
+TEST(PointerSelection, DroppedTextIsOneStep) {
+    const struct {
+        const char* name;
+        Position place;
+        bool moves;
+        const char* after;
+    } rows[] = {
+        {"forward", 6, true, "abef|cd|"},   {"back", 0, true, "|cd|abef"},
+        {"inside", 3, true, "ab|cd|ef"},    {"at its own end", 4, true, "ab|cd|ef"},
+        {"a copy", 1, false, "a|XY|bcdef"}, {"into the selection", 3, false, "abc|XY|def"},
+    };
+    for (const auto& row : rows) {
+        EditBox box({});
+        place(box, "ab|cd|ef");
+        row.moves ? box.moveSelectionTo(row.place) : box.dropText("XY", row.place);
+        EXPECT_EQ(marked(box), row.after) << row.name;
+        if (box.Text() != "abcdef")
+            box.undo();
+        EXPECT_EQ(marked(box), "ab|cd|ef") << row.name;
+    }
+}
+
 } // namespace
 } // namespace quillet

@@ -27,8 +27,6 @@ namespace {
 // Room at the edges for what glyphs draw outside their own width.
 constexpr int margin = 4;
 
-constexpr int dragScrollInterval = 40; // milliseconds
-
 // Comes before the repaint that is pending, and after all changes of one event.
 const auto settleEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 
@@ -39,9 +37,9 @@ EditView::EditView(frmQuillet& form, QWidget* parent)
       form_(form),
       box_(form.txtMain),
       keyboard_(form),
-      pointer_(form.txtMain),
       font_(form.txtMain),
-      shownSelection_(form.txtMain.selection()) {
+      shownSelection_(form.txtMain.selection()),
+      mouse_(*this, form.txtMain) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled, false); // dead keys are keys here
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -54,6 +52,18 @@ EditView::EditView(frmQuillet& form, QWidget* parent)
 
 EditView::~EditView() {
     box_.setObserver(nullptr);
+}
+
+void EditView::scrollLines(int lines) {
+    verticalScrollBar()->setValue(topLine() + lines);
+}
+
+void EditView::showDropPlace(std::optional<Position> place) {
+    if (dropPlace_)
+        viewport()->update(caretRectAt(*dropPlace_));
+    dropPlace_ = place;
+    if (dropPlace_)
+        viewport()->update(caretRectAt(*dropPlace_));
 }
 
 bool EditView::event(QEvent* event) {
@@ -89,8 +99,11 @@ void EditView::paintEvent(QPaintEvent* event) {
         std::min(lineAt(event->rect().bottom()) + 1, box_.lines().lineCount() - 1);
     for (Position line = std::max(first, 0); line <= last; ++line)
         lines.paint(line, QPointF(margin, yOfLine(line)));
+    const QColor caretColor = colors.color(group, QPalette::Text);
     if (caretOn_ && hasFocus())
-        painter.fillRect(caretRect(), colors.color(group, QPalette::Text));
+        painter.fillRect(caretRect(), caretColor);
+    if (dropPlace_)
+        painter.fillRect(caretRectAt(*dropPlace_), caretColor);
 }
 
 void EditView::resizeEvent(QResizeEvent* /*event*/) {
@@ -105,12 +118,10 @@ void EditView::scrollContentsBy(int /*dx*/, int dy) {
 }
 
 void EditView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == scrollTimer_.timerId()) {
-        scrollByDrag();
-    } else if (event->timerId() == blinkTimer_.timerId()) {
-        caretOn_ = !caretOn_;
-        viewport()->update(caretRect());
-    }
+    if (event->timerId() != blinkTimer_.timerId())
+        return;
+    caretOn_ = !caretOn_;
+    viewport()->update(caretRect());
 }
 
 void EditView::keyPressEvent(QKeyEvent* event) {
@@ -130,42 +141,6 @@ void EditView::focusOutEvent(QFocusEvent* /*event*/) {
     blinkTimer_.stop();
     viewport()->update(caretRect());
     enter([this] { keyboard_.focusLost(); });
-}
-
-// A press soon after a double click, and near it, is the third one.
-void EditView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
-        return;
-    const QPoint point = event->position().toPoint();
-    const bool third =
-        doubleClick_.isValid() && !doubleClick_.hasExpired(QApplication::doubleClickInterval()) &&
-        (point - doubleClickAt_).manhattanLength() < QApplication::startDragDistance();
-    doubleClick_.invalidate();
-    pressAt(point, third ? 3 : 1, event->modifiers().testFlag(Qt::ShiftModifier));
-}
-
-void EditView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
-        return;
-    doubleClickAt_ = event->position().toPoint();
-    doubleClick_.start();
-    pressAt(doubleClickAt_, 2, false);
-}
-
-void EditView::mouseMoveEvent(QMouseEvent* event) {
-    if (!event->buttons().testFlag(Qt::LeftButton))
-        return;
-    const QPoint point = event->position().toPoint();
-    dragTo(point);
-    const bool outside = point.y() < 0 || point.y() >= viewport()->height();
-    if (!outside)
-        scrollTimer_.stop();
-    else if (!scrollTimer_.isActive())
-        scrollTimer_.start(dragScrollInterval, this);
-}
-
-void EditView::mouseReleaseEvent(QMouseEvent* /*event*/) {
-    scrollTimer_.stop();
 }
 
 void EditView::contextMenuEvent(QContextMenuEvent* event) {
@@ -248,23 +223,6 @@ void EditView::showCaret() {
         verticalScrollBar()->setValue(line - visibleLines() + 1);
 }
 
-void EditView::pressAt(QPoint point, int clicks, bool extend) {
-    enter([&] { pointer_.press(placeAt(point), clicks, extend); });
-}
-
-void EditView::dragTo(QPoint point) {
-    enter([&] { pointer_.drag(placeAt(point)); });
-}
-
-// The further outside the pointer is, the faster.
-void EditView::scrollByDrag() {
-    const QPoint point = viewport()->mapFromGlobal(QCursor::pos());
-    const int beyond = point.y() < 0 ? point.y() : std::max(0, point.y() - viewport()->height());
-    const int lines = beyond / font_.lineHeight() + (beyond < 0 ? -1 : 1);
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + lines);
-    dragTo(point);
-}
-
 void EditView::restartBlinking() {
     const int period = QGuiApplication::styleHints()->cursorFlashTime();
     caretOn_ = true;
@@ -318,12 +276,12 @@ int EditView::yOfLine(Position line) const {
     return margin + (line - topLine()) * font_.lineHeight();
 }
 
-QRect EditView::caretRect() const {
-    const Position line = box_.caretLine();
+QRect EditView::caretRectAt(Position place) const {
+    const Position line = box_.lines().lineOf(place);
     const Position top = topLine();
     if (line < top || line > top + visibleLines())
         return {};
-    const int x = margin + box_.xOf(box_.selection().caret) / advancePerPixel;
+    const int x = margin + box_.xOf(place) / advancePerPixel;
     const int width = style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this);
     const int rightmost = viewport()->width() - width;
     return {std::min(x, rightmost), yOfLine(line), width, font_.lineHeight()};

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "platform/edit_box.h"
-#include "platform/pointer_selection.h"
+#include "platform/qt/box_mouse.h"
 #include "platform/qt/glyph_font.h"
 #include "window/box_keyboard.h"
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
-#include <QElapsedTimer>
+
+#include <optional>
 
 namespace quillet {
 
@@ -23,6 +24,15 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     EditView(const EditView&) = delete;
     EditView& operator=(const EditView&) = delete;
 
+    /// The place in the text nearest to a point of the viewport.
+    Position placeAt(QPoint point) const;
+
+    int lineHeight() const { return font_.lineHeight(); }
+    void scrollLines(int lines);
+
+    /// Shows where text that is dragged over the view would go.
+    void showDropPlace(std::optional<Position> place);
+
   protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -34,10 +44,6 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool focusNextPrevChild(bool /*next*/) override { return false; } // Tab is a character
 
@@ -52,9 +58,6 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void askToSettle();
     void settle();
     void showCaret();
-    void pressAt(QPoint point, int clicks, bool extend);
-    void dragTo(QPoint point);
-    void scrollByDrag();
     void restartBlinking();
     void updateScrollBar();
     void updateLines(Position first, Position last);
@@ -62,20 +65,18 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     Position topLine() const;
     Position visibleLines() const;
     Position lineAt(int y) const;
-    Position placeAt(QPoint point) const;
     int yOfLine(Position line) const;
-    QRect caretRect() const;
+    QRect caretRectAt(Position place) const;
+    QRect caretRect() const { return caretRectAt(box_.selection().caret); }
 
     frmQuillet& form_;
     EditBox& box_;
     BoxKeyboard keyboard_;
-    PointerSelection pointer_;
     GlyphFont font_;
     Selection shownSelection_;
     QBasicTimer blinkTimer_;
-    QBasicTimer scrollTimer_;   // runs while a drag is beyond the upper or lower edge
-    QElapsedTimer doubleClick_; // since the last one
-    QPoint doubleClickAt_;
+    BoxMouse mouse_;
+    std::optional<Position> dropPlace_;
     bool caretOn_ = false;
     bool settlePending_ = false;
 };
