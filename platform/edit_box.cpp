@@ -123,12 +123,12 @@ void EditBox::Height(Twips height) {
 void EditBox::load(GapBuffer text) {
     text_ = std::move(text);
     history_.clear();
-    const LineChange lines = lines_.wrapAll(text_);
+    lines_.wrapAll(text_);
     selection_ = {};
     goalX_.reset();
     if (observer_ == nullptr)
         return;
-    observer_->textChanged(lines);
+    observer_->textLoaded();
     observer_->selectionChanged();
 }
 
@@ -167,7 +167,7 @@ void EditBox::undo() {
         return;
     const UndoStep& step = history_.undo();
     for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit)
-        apply(edit->at, static_cast<Position>(edit->inserted.size()), edit->removed);
+        apply(edit->at, edit->inserted, edit->removed);
     setSelection(step.before);
 }
 
@@ -176,7 +176,7 @@ void EditBox::redo() {
         return;
     const UndoStep& step = history_.redo();
     for (const TextEdit& edit : step.edits)
-        apply(edit.at, static_cast<Position>(edit.removed.size()), edit.inserted);
+        apply(edit.at, edit.removed, edit.inserted);
     setSelection(step.after);
 }
 
@@ -235,20 +235,22 @@ void EditBox::replace(Position at, Position removed, GlyphView inserted, const S
         TextEdit edit{
             .at = at, .removed = text_.copy(at, removed), .inserted = GlyphString(inserted)};
         const Selection before = selection_;
-        apply(at, removed, inserted);
+        apply(at, edit.removed, inserted);
         record(std::move(edit), before, after);
     }
     setSelection(after);
 }
 
-void EditBox::apply(Position at, Position removed, GlyphView inserted) {
-    text_.replace(at, removed, inserted);
-    const auto lines = lines_.replaced(text_, at, removed, static_cast<Position>(inserted.size()));
+void EditBox::apply(Position at, GlyphView removed, GlyphView inserted) {
+    text_.replace(at, removed.size(), inserted);
+    const auto lines = lines_.replaced(text_, at, static_cast<Position>(removed.size()),
+                                       static_cast<Position>(inserted.size()));
     // The caller sets the selection; until then it must at least lie in the text.
     selection_ = {.anchor = std::min(selection_.anchor, length()),
                   .caret = std::min(selection_.caret, length())};
     if (observer_ != nullptr)
-        observer_->textChanged(lines);
+        observer_->textChanged(
+            {.at = at, .removed = removed, .inserted = inserted, .lines = lines});
 }
 
 void EditBox::record(TextEdit edit, const Selection& before, const Selection& after) {

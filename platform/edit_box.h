@@ -31,12 +31,21 @@ struct BoxFont {
     bool underline = false;
 };
 
+/// At `at`, `removed` gave way to `inserted`.
+struct TextChange {
+    Position at;
+    GlyphView removed;
+    GlyphView inserted;
+    LineChange lines;
+};
+
 /// Told of a box's changes, after each of them.
 class EditBoxObserver {
   public:
     virtual ~EditBoxObserver() = default;
 
-    virtual void textChanged(const LineChange& lines) = 0;
+    virtual void textChanged(const TextChange& change) = 0;
+    virtual void textLoaded() = 0;
     virtual void selectionChanged() = 0;
     virtual void fontChanged() = 0;
     virtual void geometryChanged() = 0;
@@ -59,6 +68,7 @@ class EditBox {
 
     /// The same text where it lies, and its length. Valid until the next change.
     GapBuffer::Spans spans() const { return text_.spans(); }
+    GlyphString textAt(Position at, Position count) const { return text_.copy(at, count); }
     Position length() const { return static_cast<Position>(text_.size()); }
 
     /// The caret, or the start of the selection. Writing it drops the selection; a place beyond
@@ -158,7 +168,7 @@ class EditBox {
 
     void needRoom(GlyphView inserted, Position removed) const;
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
-    void apply(Position at, Position removed, GlyphView inserted);
+    void apply(Position at, GlyphView removed, GlyphView inserted);
     void record(TextEdit edit, const Selection& before, const Selection& after);
     void setSelection(const Selection& selection);
     void type(std::int16_t KeyAscii, std::int16_t Shift);

@@ -71,15 +71,12 @@ void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
     wrapAll(text);
 }
 
-LineChange LineLayout::wrapAll(const GapBuffer& text) {
-    LineChange change{.first = 0, .before = lineCount()};
+void LineLayout::wrapAll(const GapBuffer& text) {
     size_ = static_cast<Position>(text.size());
     tail_.clear();
     head_.assign(1, 0);
     while (const auto next = nextStart(text, head_.back()))
         head_.push_back(*next);
-    change.after = lineCount();
-    return change;
 }
 
 LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position removed,

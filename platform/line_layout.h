@@ -46,7 +46,7 @@ class LineLayout {
     const LineMetrics& metrics() const { return metrics_; }
 
     /// Wraps the whole text.
-    LineChange wrapAll(const GapBuffer& text);
+    void wrapAll(const GapBuffer& text);
 
     /// Wraps again after `removed` glyphs at `at` were replaced by `inserted` ones; `text` is
     /// already the new one. Costs what lies between the change and the first old line start that

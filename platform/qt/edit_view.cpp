@@ -1,5 +1,6 @@
 #include "platform/qt/edit_view.h"
 
+#include "platform/qt/box_accessible.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/line_painter.h"
@@ -159,10 +160,18 @@ void EditView::contextMenuEvent(QContextMenuEvent* event) {
     menu.exec(byKey ? viewport()->mapToGlobal(caretRect().bottomLeft()) : event->globalPos());
 }
 
-void EditView::textChanged(const LineChange& lines) {
+void EditView::textChanged(const TextChange& change) {
+    const LineChange& lines = change.lines;
     const bool othersStay = lines.after == lines.before;
     updateScrollBar();
     updateLines(lines.first, othersStay ? lines.first + lines.after - 1 : maxTextLength);
+    askToSettle();
+    tellTextChange(*this, change);
+}
+
+void EditView::textLoaded() {
+    updateScrollBar();
+    viewport()->update();
     askToSettle();
 }
 
@@ -210,6 +219,7 @@ void EditView::settle() {
         shownSelection_ = box_.selection();
         updateSelection(shownSelection_);
     }
+    tellSelection(*this);
     showCaret();
     restartBlinking();
 }

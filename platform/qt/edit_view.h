@@ -24,8 +24,12 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     EditView(const EditView&) = delete;
     EditView& operator=(const EditView&) = delete;
 
-    /// The place in the text nearest to a point of the viewport.
+    EditBox& box() { return box_; }
+
+    /// The place in the text nearest to a point of the viewport, and where the caret stands at a
+    /// place; empty where that is out of sight.
     Position placeAt(QPoint point) const;
+    QRect caretRectAt(Position place) const;
 
     int lineHeight() const { return font_.lineHeight(); }
     void scrollLines(int lines);
@@ -48,7 +52,8 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     bool focusNextPrevChild(bool /*next*/) override { return false; } // Tab is a character
 
   private:
-    void textChanged(const LineChange& lines) override;
+    void textChanged(const TextChange& change) override;
+    void textLoaded() override;
     void selectionChanged() override;
     void fontChanged() override;
     void geometryChanged() override { takePlace(); }
@@ -66,7 +71,6 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     Position visibleLines() const;
     Position lineAt(int y) const;
     int yOfLine(Position line) const;
-    QRect caretRectAt(Position place) const;
     QRect caretRect() const { return caretRectAt(box_.selection().caret); }
 
     frmQuillet& form_;

@@ -2,6 +2,7 @@
 #include "platform/message_box.h"
 #include "platform/posix/posix_files.h"
 #include "platform/qt/auto_repeat.h"
+#include "platform/qt/box_accessible.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_services.h"
@@ -34,6 +35,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName(QString());
     QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
     requestDetectableAutoRepeat();
+    installBoxAccessible();
 
     QtMessageBox messageBox;
     QtFileChooser fileChooser;
