@@ -53,13 +53,6 @@ GlyphString GapBuffer::copy(std::size_t at, std::size_t count) const {
     return text;
 }
 
-bool GapBuffer::equals(std::size_t at, GlyphView text) const {
-    if (at + text.size() > size())
-        return false;
-    const Spans parts = spans(at, text.size());
-    return text.substr(0, parts[0].size()) == parts[0] && text.substr(parts[0].size()) == parts[1];
-}
-
 void GapBuffer::replace(std::size_t at, std::size_t removed, GlyphView inserted) {
     if (inserted.size() > removed)
         ensureGap(inserted.size() - removed);

@@ -35,9 +35,6 @@ class GapBuffer {
 
     GlyphString copy(std::size_t at, std::size_t count) const;
 
-    /// True where the bytes from `at` are exactly `text`.
-    bool equals(std::size_t at, GlyphView text) const;
-
     /// Replaces `removed` bytes from `at`. Without memory it throws and changes nothing.
     /// `inserted` must not point into this buffer.
     void replace(std::size_t at, std::size_t removed, GlyphView inserted);

@@ -35,8 +35,8 @@ Position commonSuffix(const GapBuffer& buffer, Position end, Position count, Gly
 
 class EditBox::OneStep {
   public:
-    explicit OneStep(EditBox& box) : box_(box) { box_.inStep_ = true; }
-    ~OneStep() { box_.inStep_ = false; }
+    explicit OneStep(EditBox& box) : box_(box) { box_.stepBefore_ = box.selection_; }
+    ~OneStep() { box_.stepBefore_.reset(); }
     OneStep(const OneStep&) = delete;
     OneStep& operator=(const OneStep&) = delete;
 
@@ -55,14 +55,14 @@ void EditBox::SelStart(Position start) {
     if (start < 0)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     const Position caret = std::min(start, length());
-    setSelection({.anchor = caret, .caret = caret});
+    select({.anchor = caret, .caret = caret});
 }
 
 void EditBox::SelLength(Position length) {
     if (length < 0)
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     const Position start = SelStart();
-    setSelection({.anchor = start, .caret = start + std::min(length, this->length() - start)});
+    select({.anchor = start, .caret = start + std::min(length, this->length() - start)});
 }
 
 GlyphString EditBox::SelText() const {
@@ -121,9 +121,9 @@ void EditBox::Height(Twips height) {
 }
 
 void EditBox::load(GapBuffer text) {
+    lines_.wrapAll(text); // the one step that may fail comes first
     text_ = std::move(text);
     history_.clear();
-    lines_.wrapAll(text_);
     selection_ = {};
     goalX_.reset();
     if (observer_ == nullptr)
@@ -162,13 +162,19 @@ void EditBox::keyUp(std::int16_t KeyCode, std::int16_t Shift) {
         KeyUp(KeyCode, Shift);
 }
 
+void EditBox::runCommand(const std::function<void()>& command) {
+    const OneStep step(*this);
+    history_.closeStep();
+    command();
+}
+
 void EditBox::undo() {
     if (!canUndo())
         return;
     const UndoStep& step = history_.undo();
     for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit)
         apply(edit->at, edit->inserted, edit->removed);
-    setSelection(step.before);
+    select(step.before);
 }
 
 void EditBox::redo() {
@@ -177,11 +183,7 @@ void EditBox::redo() {
     const UndoStep& step = history_.redo();
     for (const TextEdit& edit : step.edits)
         apply(edit.at, edit.removed, edit.inserted);
-    setSelection(step.after);
-}
-
-void EditBox::select(const Selection& selection) {
-    setSelection(selection);
+    select(step.after);
 }
 
 void EditBox::dropText(GlyphView text, Position place) {
@@ -238,13 +240,18 @@ void EditBox::replace(Position at, Position removed, GlyphView inserted, const S
         apply(at, edit.removed, inserted);
         record(std::move(edit), before, after);
     }
-    setSelection(after);
+    select(after);
 }
 
 void EditBox::apply(Position at, GlyphView removed, GlyphView inserted) {
     text_.replace(at, removed.size(), inserted);
-    const auto lines = lines_.replaced(text_, at, static_cast<Position>(removed.size()),
-                                       static_cast<Position>(inserted.size()));
+    LineChange lines;
+    try {
+        lines = lines_.replaced(text_, at, static_cast<Position>(inserted.size()));
+    } catch (...) {
+        text_.replace(at, inserted.size(), removed); // fits where it stood before
+        throw;
+    }
     // The caller sets the selection; until then it must at least lie in the text.
     selection_ = {.anchor = std::min(selection_.anchor, length()),
                   .caret = std::min(selection_.caret, length())};
@@ -254,18 +261,18 @@ void EditBox::apply(Position at, GlyphView removed, GlyphView inserted) {
 }
 
 void EditBox::record(TextEdit edit, const Selection& before, const Selection& after) {
-    if (!inStep_)
+    if (!stepBefore_)
         history_.closeStep();
     try {
-        history_.record(std::move(edit), before, after);
+        history_.record(std::move(edit), stepBefore_.value_or(before), after);
     } catch (const std::bad_alloc&) {
         history_.clear(); // the text is right, only its past is lost
     }
-    if (!inStep_)
+    if (!stepBefore_)
         history_.closeStep();
 }
 
-void EditBox::setSelection(const Selection& selection) {
+void EditBox::select(const Selection& selection) {
     goalX_.reset();
     if (selection == selection_)
         return;
@@ -309,7 +316,7 @@ void EditBox::moveCaret(const CaretKey& key, bool extend) {
         place = selection_.start();
     if (drops && key.move == glyphRight)
         place = selection_.end();
-    setSelection({.anchor = extend ? selection_.anchor : place, .caret = place});
+    select({.anchor = extend ? selection_.anchor : place, .caret = place});
     if (key.vertical)
         goalX_ = goalX;
 }

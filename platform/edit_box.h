@@ -129,6 +129,10 @@ class EditBox {
     /// A key went up: runs `KeyUp`. What that changes belongs to the undo step of the keystroke.
     void keyUp(std::int16_t KeyCode, std::int16_t Shift);
 
+    /// A key in the box commands something: what that changes is one undo step, to which the
+    /// changes of the key's release belong as well.
+    void runCommand(const std::function<void()>& command);
+
     /// Undo and redo take and give back whole steps with their selections; without a step they
     /// do nothing.
     bool canUndo() const { return history_.canUndo(); }
@@ -170,7 +174,6 @@ class EditBox {
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
     void apply(Position at, GlyphView removed, GlyphView inserted);
     void record(TextEdit edit, const Selection& before, const Selection& after);
-    void setSelection(const Selection& selection);
     void type(std::int16_t KeyAscii, std::int16_t Shift);
     void eraseTo(Position place);
     void moveCaret(const CaretKey& key, bool extend);
@@ -185,8 +188,8 @@ class EditBox {
     BoxFont font_;
     Twips left_, top_, width_, height_;
     Position pageLines_ = 1;
-    std::optional<Advance> goalX_; // where vertical moves aim, once they have begun
-    bool inStep_ = false;          // while a `OneStep` lives
+    std::optional<Advance> goalX_;        // where vertical moves aim, once they have begun
+    std::optional<Selection> stepBefore_; // while a `OneStep` lives: the selection at its start
     EditBoxObserver* observer_ = nullptr;
 };
 

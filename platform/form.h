@@ -46,13 +46,12 @@ struct FormDesign {
 /// A control of a loaded form.
 class Control {
   public:
-    explicit Control(const ControlDesign& design) : design_(&design), caption_(design.caption) {}
+    explicit Control(const ControlDesign& design) : design_(&design) {}
 
     const ControlDesign& design() const { return *design_; }
 
     /// The text of a label or button, or what a drop-down list shows while no entry is chosen.
-    const std::string& Caption() const { return caption_; }
-    void Caption(std::string caption) { caption_ = std::move(caption); }
+    std::string Caption() const { return design_->caption; }
 
     /// The entries of a drop-down list, and the place of the chosen one (-1: none).
     std::vector<std::string> List;
@@ -68,7 +67,6 @@ class Control {
 
   private:
     const ControlDesign* design_;
-    std::string caption_;
 };
 
 /// A window. It is not loaded at first; loading makes its controls anew and runs `Form_Load`, and
@@ -81,7 +79,6 @@ class Form {
     Form& operator=(const Form&) = delete;
 
     const FormDesign& design() const { return design_; }
-    bool isLoaded() const { return loaded_; }
     bool isVisible() const { return visible_; }
 
     const std::string& Caption() const { return caption_; }

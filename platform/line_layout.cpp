@@ -1,6 +1,8 @@
 #include "platform/line_layout.h"
 
 #include <algorithm>
+#include <new>
+#include <utility>
 
 namespace quillet {
 namespace {
@@ -64,41 +66,54 @@ class LineScan {
 } // namespace
 
 void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
-    metrics_ = metrics;
-    steps_ = metrics.advances;
+    LineLayout other;
+    other.metrics_ = metrics;
+    other.steps_ = metrics.advances;
     for (const char glyph : {'\r', '\n', '\t', ' '})
-        steps_[glyphCode(glyph)] = looksAt;
-    wrapAll(text);
+        other.steps_[glyphCode(glyph)] = looksAt;
+    other.wrapAll(text);
+    *this = std::move(other);
 }
 
 void LineLayout::wrapAll(const GapBuffer& text) {
-    size_ = static_cast<Position>(text.size());
+    std::vector<Position> starts = {0};
+    while (const auto next = nextStart(text, starts.back())) {
+        if (starts.size() == static_cast<std::size_t>(maxTextLength))
+            throw std::bad_alloc(); // more lines than can be counted
+        starts.push_back(*next);
+    }
+    head_ = std::move(starts);
     tail_.clear();
-    head_.assign(1, 0);
-    while (const auto next = nextStart(text, head_.back()))
-        head_.push_back(*next);
+    size_ = static_cast<Position>(text.size());
 }
 
-LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position removed,
-                                Position inserted) {
+LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position inserted) {
     // The line before the changed one comes first: a shorter word may fit at its end now.
     const Position first = std::max(lineOf(at) - 1, 0);
     const Position linesBefore = lineCount();
     splitAt(first + 1);
-    while (!tail_.empty() && tailStart(tail_.size() - 1) < at + removed)
-        tail_.pop_back();
-    size_ += inserted - removed;
+
+    const auto size = static_cast<Position>(text.size());
+    const auto dropBefore = [&](std::size_t kept, Position place) {
+        while (kept > 0 && size - tail_[kept - 1] < place)
+            --kept;
+        return kept;
+    };
+    std::size_t kept = dropBefore(tail_.size(), at + inserted);
+    std::vector<Position> starts;
+    Position start = head_.back();
     while (true) {
-        const auto next = nextStart(text, head_.back());
-        if (!next)
-            tail_.clear();
-        while (!tail_.empty() && tailStart(tail_.size() - 1) < *next)
-            tail_.pop_back();
-        const bool met = !tail_.empty() && tailStart(tail_.size() - 1) == *next;
+        const auto next = nextStart(text, start);
+        kept = next ? dropBefore(kept, *next) : 0;
+        const bool met = kept > 0 && size - tail_[kept - 1] == *next;
         if (!next || met)
             break;
-        head_.push_back(*next);
+        starts.push_back(start = *next);
     }
+
+    head_.insert(head_.end(), starts.begin(), starts.end());
+    tail_.resize(kept); // from here on nothing can fail
+    size_ = size;
     const auto after = static_cast<Position>(head_.size()) - first;
     return {.first = first, .before = linesBefore - lineCount() + after, .after = after};
 }
@@ -166,13 +181,14 @@ Advance LineLayout::advanceFrom(Advance x, char glyph) const {
 
 std::optional<Position> LineLayout::nextStart(const GapBuffer& text, Position start) const {
     LineScan scan(*this, steps_, start);
-    const Position count = std::min(size_ - start, maxLineLength);
+    const auto size = static_cast<Position>(text.size());
+    const Position count = std::min(size - start, maxLineLength);
     const auto parts = text.spans(start, count);
     const bool found = scan.feed(parts[0]) || scan.feed(parts[1]);
-    if (!found && count == size_ - start)
+    if (!found && count == size - start)
         return std::nullopt;
     const Position next = scan.next();
-    const bool splitsPair = scan.sawCarriageReturn() && next < size_ && text[next] == '\n';
+    const bool splitsPair = scan.sawCarriageReturn() && next < size && text[next] == '\n';
     return splitsPair ? next + 1 : next;
 }
 

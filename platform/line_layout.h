@@ -39,7 +39,8 @@ struct LineChange {
 /// the end of a line may hang over the width. There is always at least one line, and none is
 /// longer than `maxLineLength`.
 ///
-/// The text itself stays outside; every call gets the same one, in its current state.
+/// The text itself stays outside; every call gets the same one, in its current state. A call that
+/// fails for lack of memory changes nothing.
 class LineLayout {
   public:
     void setMetrics(const LineMetrics& metrics, const GapBuffer& text);
@@ -48,10 +49,10 @@ class LineLayout {
     /// Wraps the whole text.
     void wrapAll(const GapBuffer& text);
 
-    /// Wraps again after `removed` glyphs at `at` were replaced by `inserted` ones; `text` is
-    /// already the new one. Costs what lies between the change and the first old line start that
-    /// the new wrap meets again.
-    LineChange replaced(const GapBuffer& text, Position at, Position removed, Position inserted);
+    /// Wraps again after what stood at `at` was replaced by `inserted` glyphs; `text` is already
+    /// the new one. Costs what lies between the change and the first old line start that the new
+    /// wrap meets again.
+    LineChange replaced(const GapBuffer& text, Position at, Position inserted);
 
     Position lineCount() const;
 

@@ -100,8 +100,7 @@ TEST(LineLayout, IncrementalWrapAgreesWithAFullOne) {
             glyph = random() % 3 == 0 ? alphabet[random() % alphabet.size()] : 'a';
         text.replace(at, removed, inserted);
         const Position before = layout.lineCount();
-        const LineChange change =
-            layout.replaced(text, at, removed, static_cast<Position>(inserted.size()));
+        const LineChange change = layout.replaced(text, at, static_cast<Position>(inserted.size()));
         LineLayout full;
         full.setMetrics(metrics(), text);
         expectSame(layout, full, "starts", step);

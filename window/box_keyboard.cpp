@@ -1,7 +1,6 @@
 #include "window/box_keyboard.h"
 
 #include "window/frm_quillet.h"
-#include "window/menu_table.h"
 
 #include <algorithm>
 
@@ -11,25 +10,36 @@ void BoxKeyboard::press(const KeyStroke& key) {
     const bool repeats = findHeld(key.scanCode) != held_.end();
     if (!repeats)
         held_.push_back({key.scanCode, key.keyCode});
+    ignoresLoneReleases_ = false;
     const auto command = findKeyCommand(key.keyCode, key.shift);
-    if (!command || command->throughBox) {
-        form_.txtMain.keyDown(key.keyCode, key.shift);
-        if (key.character)
-            form_.txtMain.keyPress(*key.character, key.shift);
-    } else if (repeats) {
-        return; // a held shortcut runs its command once
-    }
-    if (command && command->command != nullptr)
+    if (!command || command->throughBox)
+        pressInBox(key, command ? command->command : nullptr);
+    else if (!repeats && command->command != nullptr) // a held shortcut runs once
         (form_.*command->command)();
 }
 
+void BoxKeyboard::pressInBox(const KeyStroke& key, Command command) {
+    EditBox& box = form_.txtMain;
+    box.keyDown(key.keyCode, key.shift);
+    if (key.character)
+        box.keyPress(*key.character, key.shift);
+    if (command != nullptr)
+        box.runCommand([&] { (form_.*command)(); });
+}
+
 void BoxKeyboard::release(const KeyStroke& key) {
-    std::int16_t keyCode = key.keyCode;
-    if (const auto held = findHeld(key.scanCode); held != held_.end()) {
-        keyCode = held->keyCode;
+    const auto held = findHeld(key.scanCode);
+    const bool isLone = held == held_.end();
+    if (isLone && ignoresLoneReleases_)
+        return;
+    const std::int16_t keyCode = isLone ? key.keyCode : held->keyCode;
+    if (!isLone)
         held_.erase(held);
-    }
     form_.txtMain.keyUp(keyCode, key.shift);
+}
+
+void BoxKeyboard::focusGained(FocusFrom from) {
+    ignoresLoneReleases_ = from == FocusFrom::Menu;
 }
 
 void BoxKeyboard::focusLost() {

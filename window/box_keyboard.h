@@ -1,6 +1,8 @@
 // From the keys of a keyboard to the key events of the box and the shortcuts of the menu.
 #pragma once
 
+#include "window/menu_table.h"
+
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -17,6 +19,9 @@ struct KeyStroke {
     std::optional<std::int16_t> character; // Windows-1252 code that the key types, if it types
 };
 
+/// What had the focus before the box.
+enum class FocusFrom { Menu, Elsewhere };
+
 /// Decides for every key pressed in the box whether the box or the menu bar gets it, and keeps
 /// account of the keys that are held.
 class BoxKeyboard {
@@ -27,12 +32,16 @@ class BoxKeyboard {
     void press(const KeyStroke& key);
 
     /// A key went up. It is released under the code that it was pressed with; a release without
-    /// a press counts as it comes.
+    /// a press counts as it comes, but for keys that went down in a menu.
     void release(const KeyStroke& key);
 
     /// The releases of all held keys will go elsewhere: reports them now, the last pressed
     /// first, so that neither Ctrl nor a pending second glyph sticks.
     void focusLost();
+
+    /// The box has the focus again. A key that chose a command in a menu raises no event here,
+    /// although its release comes; the one that closed a dialog box does.
+    void focusGained(FocusFrom from);
 
   private:
     struct HeldKey {
@@ -40,10 +49,12 @@ class BoxKeyboard {
         std::int16_t keyCode;
     };
 
+    void pressInBox(const KeyStroke& key, Command command);
     std::vector<HeldKey>::iterator findHeld(std::uint32_t scanCode);
 
     frmQuillet& form_;
     std::vector<HeldKey> held_; // in the order of their presses
+    bool ignoresLoneReleases_ = false;
 };
 
 } // namespace quillet

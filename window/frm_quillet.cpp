@@ -5,6 +5,8 @@
 #include "platform/screen.h"
 #include "window/toolbar_table.h"
 
+#include <algorithm>
+
 namespace quillet {
 namespace {
 
@@ -22,7 +24,7 @@ frmQuillet::frmQuillet(const Desktop& desktop)
       InputEngine(*this, desktop.forms),
       DocumentFiles(*this, desktop),
       EditCommands(*this, desktop),
-      LookCommands(static_cast<MainState&>(*this)),
+      LookCommands(static_cast<MainState&>(*this)), // a plain *this would mean to copy
       screen_(desktop.screen),
       messageBox_(desktop.messageBox),
       about_(desktop.forms) {
@@ -32,9 +34,11 @@ frmQuillet::frmQuillet(const Desktop& desktop)
 }
 
 void frmQuillet::Toolbar1_ButtonClick(std::string_view Key) {
-    for (const ToolbarCommand& row : toolbarCommands())
-        if (Key == row.key && row.command != nullptr)
-            resumeNext([&] { (this->*row.command)(); });
+    const auto commands = toolbarCommands();
+    const auto row = std::find_if(commands.begin(), commands.end(),
+                                  [Key](const ToolbarCommand& it) { return Key == it.key; });
+    if (row != commands.end() && row->command != nullptr)
+        resumeNext([&] { (this->*row->command)(); });
 }
 
 void frmQuillet::Form_Load() {

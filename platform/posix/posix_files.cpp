@@ -123,7 +123,7 @@ PosixFiles::PosixFiles() {
 
 GapBuffer PosixFiles::read(const std::string& path) {
     checkName(path);
-    const FileDescriptor file = openFile(path, O_RDONLY);
+    const FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK);
     if (!file.isOpen())
         throw fileError(errno, path);
     return readToEnd(file, static_cast<std::size_t>(statusOf(file).st_size));
@@ -132,7 +132,7 @@ GapBuffer PosixFiles::read(const std::string& path) {
 void PosixFiles::write(const std::string& path, Parts parts) {
     checkName(path);
     // Opening the old file for writing asks the system whether this user may change it.
-    const FileDescriptor old = openFile(path, O_WRONLY);
+    const FileDescriptor old = openFile(path, O_WRONLY | O_NONBLOCK);
     if (old.isOpen())
         writeToFile(old, path, parts);
     else if (errno == ENOENT)

@@ -52,7 +52,9 @@ class BoxAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
 
     QString text(int start, int end) const override {
         const Position from = inText(start);
-        return displayText(box().textAt(from, inText(end) - from));
+        QString text;
+        enter([&] { text = displayText(box().textAt(from, std::max(0, inText(end) - from))); });
+        return text;
     }
 
     QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int* start,

@@ -141,7 +141,7 @@ void BoxMouse::dragSelection() {
 }
 
 void BoxMouse::dragOver(QDropEvent& event) {
-    if (!event.mimeData()->hasText())
+    if (!isText(*event.mimeData()))
         return;
     event.acceptProposedAction();
     view_.showDropPlace(view_.placeAt(event.position().toPoint()));

@@ -89,15 +89,18 @@ void EditView::changeEvent(QEvent* event) {
 }
 
 void EditView::paintEvent(QPaintEvent* event) {
+    enter([&] { paint(event->rect()); });
+}
+
+void EditView::paint(const QRect& area) {
     const QPalette& colors = palette();
     const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), colors.color(group, QPalette::Base));
+    painter.fillRect(area, colors.color(group, QPalette::Base));
     LinePainter lines(painter, box_, font_, colors, group);
     // With a line more above and below, because glyphs reach into their neighbours.
-    const Position first = std::max(lineAt(event->rect().top()) - 1, topLine() - 1);
-    const Position last =
-        std::min(lineAt(event->rect().bottom()) + 1, box_.lines().lineCount() - 1);
+    const Position first = std::max(lineAt(area.top()) - 1, topLine() - 1);
+    const Position last = std::min(lineAt(area.bottom()) + 1, box_.lines().lineCount() - 1);
     for (Position line = std::max(first, 0); line <= last; ++line)
         lines.paint(line, QPointF(margin, yOfLine(line)));
     const QColor caretColor = colors.color(group, QPalette::Text);
@@ -108,7 +111,7 @@ void EditView::paintEvent(QPaintEvent* event) {
 }
 
 void EditView::resizeEvent(QResizeEvent* /*event*/) {
-    wrap();
+    enter([this] { wrap(); });
 }
 
 void EditView::scrollContentsBy(int /*dx*/, int dy) {
@@ -127,6 +130,7 @@ void EditView::timerEvent(QTimerEvent* event) {
 
 void EditView::keyPressEvent(QKeyEvent* event) {
     enter([&] { keyboard_.press(translateKey(*event)); });
+    askToSettle(); // a key that moves nothing brings the caret into view as well
 }
 
 void EditView::keyReleaseEvent(QKeyEvent* event) {
@@ -134,7 +138,10 @@ void EditView::keyReleaseEvent(QKeyEvent* event) {
         enter([&] { keyboard_.release(translateKey(*event)); });
 }
 
-void EditView::focusInEvent(QFocusEvent* /*event*/) {
+void EditView::focusInEvent(QFocusEvent* event) {
+    const bool fromMenu =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
+    keyboard_.focusGained(fromMenu ? FocusFrom::Menu : FocusFrom::Elsewhere);
     restartBlinking();
 }
 
@@ -145,19 +152,20 @@ void EditView::focusOutEvent(QFocusEvent* /*event*/) {
 }
 
 void EditView::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
+    auto* menu = new QMenu(this); // it may outlive this call, and end with the view
+    menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const ContextRow& row : contextMenu()) {
         if (row.command == nullptr) {
-            menu.addSeparator();
+            menu->addSeparator();
             continue;
         }
-        QAction* action = menu.addAction(row.caption);
+        QAction* action = menu->addAction(row.caption);
         action->setEnabled(row.isEnabled(box_));
         connect(action, &QAction::triggered, this,
                 [this, &row] { enter([&] { (form_.*row.command)(); }); });
     }
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    menu.exec(byKey ? viewport()->mapToGlobal(caretRect().bottomLeft()) : event->globalPos());
+    menu->popup(byKey ? viewport()->mapToGlobal(caretRect().bottomLeft()) : event->globalPos());
 }
 
 void EditView::textChanged(const TextChange& change) {

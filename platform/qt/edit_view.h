@@ -59,6 +59,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void geometryChanged() override { takePlace(); }
 
     void takePlace();
+    void paint(const QRect& area);
     void wrap();
     void askToSettle();
     void settle();

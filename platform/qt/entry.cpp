@@ -14,6 +14,7 @@ namespace quillet {
 namespace {
 
 bool ended = false;
+int endedWith = 0; // the exit code
 
 void reportAndEnd(int number, const char* text) {
     const QString message = QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text);
@@ -47,9 +48,14 @@ void endProgram(int exitCode) {
     if (ended)
         return;
     ended = true;
+    endedWith = exitCode;
     for (QWidget* window : QApplication::topLevelWidgets())
         window->hide();
     QCoreApplication::exit(exitCode);
+}
+
+int runEvents() {
+    return ended ? endedWith : QApplication::exec();
 }
 
 void leaveModalLoop() {

@@ -13,6 +13,9 @@ void enter(const std::function<void()>& work);
 /// Ends the program: every window disappears and all event loops return.
 void endProgram(int exitCode = 0);
 
+/// Handles events until the program ends, if it has not ended already. Returns its exit code.
+int runEvents();
+
 /// To be called when a modal loop returns: goes on ending the program where that has begun
 /// meanwhile, by throwing `EndOfProgram`.
 void leaveModalLoop();

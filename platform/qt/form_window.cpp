@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -24,6 +25,20 @@ QFont fontOf(const ControlFont& design, const QFont& standard) {
     font.setBold(design.bold);
     return font;
 }
+
+// Enter presses it as Space does, while it has the focus.
+class FormButton : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            click();
+        else
+            QPushButton::keyPressEvent(event);
+    }
+};
 
 } // namespace
 
@@ -76,7 +91,7 @@ QWidget* FormWindow::makeLabel(const Control& control) {
 }
 
 QWidget* FormWindow::makeButton(Control& control) {
-    auto* button = new QPushButton(fromUtf8(control.Caption()), this);
+    auto* button = new FormButton(fromUtf8(control.Caption()), this);
     connect(button, &QPushButton::clicked, this,
             [&control] { enter([&control] { control.click(); }); });
     return button;

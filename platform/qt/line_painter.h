@@ -18,7 +18,8 @@ class LinePainter {
     LinePainter(QPainter& painter, const EditBox& box, const GlyphFont& font,
                 const QPalette& palette, QPalette::ColorGroup group);
 
-    /// Paints `line` with its top left corner at `at`: selection, text, underline.
+    /// Paints `line` with its top left corner at `at`: its text, and over that what is selected of
+    /// it.
     void paint(Position line, QPointF at);
 
   private:

@@ -9,6 +9,8 @@
 #include "window/frm_quillet.h"
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -24,15 +26,17 @@ bool hasDisplay() {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int /*argc*/, char** argv) {
     using namespace quillet;
     if (!hasDisplay()) {
         std::fputs("quillet: no display: it needs a desktop to open its window on\n", stderr);
         return 1;
     }
-    QApplication application(argc, argv);
+    int onlyTheName = 1; // there is no command line, not even the toolkit's own
+    QApplication application(onlyTheName, argv);
     QApplication::setApplicationName("Quillet");
-    QApplication::setApplicationDisplayName(QString());
+    const QTemporaryDir settings; // the toolkit's dialogs would keep some for good
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
     requestDetectableAutoRepeat();
     installBoxAccessible();
@@ -45,7 +49,7 @@ int main(int argc, char** argv) {
     QtForms forms;
     frmQuillet form({messageBox, fileChooser, files, clipboard, screen, forms});
     enter([&form] { form.show(); });
-    const int exitCode = QApplication::exec();
+    const int exitCode = runEvents();
     forms.dropWindows();
     return exitCode;
 }

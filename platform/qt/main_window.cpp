@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QToolBar>
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 

@@ -3,7 +3,6 @@
 
 #include <QMainWindow>
 
-class QMenu;
 class QToolBar;
 
 namespace quillet {

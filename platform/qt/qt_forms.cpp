@@ -32,6 +32,7 @@ void QtForms::show(Form& form) {
         window->setWindowTitle(titleOf(form));
         form.design().frame == FormFrame::Maximized ? window->showMaximized() : window->show();
     }
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->raise();
     window->activateWindow();
 }

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
@@ -79,7 +80,7 @@ QStringList nameFilters(const std::vector<FileFilter>& filters) {
     QStringList names;
     for (const FileFilter& filter : filters) {
         QString patterns = fromUtf8(filter.patterns);
-        patterns.replace(';', ' ');
+        patterns.replace(';', ' ').replace("*.*", "*"); // here names need no dot
         names << QStringLiteral("%1 (%2)").arg(fromUtf8(filter.description), patterns);
     }
     return names;
@@ -96,6 +97,14 @@ void startAt(QFileDialog& dialog, const QString& name) {
     dialog.selectFile(name);
 }
 
+// The dialog takes quotation marks for a list of names; here they are part of the one name.
+QString chosenPath(const QFileDialog& dialog) {
+    const auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+    if (edit != nullptr && edit->text().contains('"'))
+        return dialog.directory().absoluteFilePath(edit->text());
+    return dialog.selectedFiles().value(0);
+}
+
 } // namespace
 
 Answer QtMessageBox::show(const Message& message) {
@@ -106,23 +115,22 @@ Answer QtMessageBox::show(const Message& message) {
 }
 
 // Qt's own dialog: the native ones do not accept a name that is not there, and ask questions of
-// their own.
+// their own. It always opens: in Qt's way of saving, the file type would rewrite the name.
 std::optional<std::string> QtFileChooser::choose(Purpose purpose,
                                                  const std::vector<FileFilter>& filters,
                                                  const std::string& startName) {
     const bool saves = purpose == Purpose::Save;
     QFileDialog dialog(QApplication::activeWindow(), saves ? "Save As" : "Open");
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setLabelText(QFileDialog::Accept, saves ? "&Save" : "&Open");
     dialog.setNameFilters(nameFilters(filters));
     startAt(dialog, fromUtf8(startName));
     const bool chosen = dialog.exec() == QDialog::Accepted;
     leaveModalLoop();
     if (!chosen)
         return std::nullopt;
-    return dialog.selectedFiles().value(0).toStdString();
+    return chosenPath(dialog).toStdString();
 }
 
 void QtClipboard::setText(GlyphView text) {
@@ -131,7 +139,7 @@ void QtClipboard::setText(GlyphView text) {
 
 GlyphString QtClipboard::text() {
     const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-    return data != nullptr && data->hasText() ? glyphText(data->text()) : GlyphString();
+    return data != nullptr && isText(*data) ? glyphText(data->text()) : GlyphString();
 }
 
 double QtScreen::dotsPerInch() {

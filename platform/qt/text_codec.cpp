@@ -3,6 +3,7 @@
 #include "base/windows1252.h"
 
 #include <QList>
+#include <QMimeData>
 
 namespace quillet {
 
@@ -21,6 +22,10 @@ GlyphString glyphText(const QString& text) {
     for (const char32_t character : characters)
         glyphs.push_back(static_cast<char>(byteOfUnicode(character).value_or('?')));
     return glyphs;
+}
+
+bool isText(const QMimeData& data) {
+    return data.hasFormat("text/plain");
 }
 
 } // namespace quillet

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+class QMimeData;
+
 namespace quillet {
 
 /// Every glyph code as its Windows-1252 character.
@@ -12,6 +14,9 @@ QString displayText(GlyphView text);
 
 /// The glyph codes of a text; what Windows-1252 cannot represent becomes "?".
 GlyphString glyphText(const QString& text);
+
+/// Whether data from another program is text; a list of files alone is none.
+bool isText(const QMimeData& data);
 
 /// Titles, messages and paths are UTF-8.
 inline QString fromUtf8(const std::string& text) {
