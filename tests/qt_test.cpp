@@ -36,6 +36,7 @@ TEST(KeyTranslation, GivesCodesAndCharactersWhateverTheLayout) {
         QKeyEvent event;
         int keyCode;
         int character;
+        Layout layout = Layout::Latin;
     } rows[] = {
         {"letter", keyEvent(Qt::Key_K, none, "k", 45), 'K', 'k'},
         {"letter of another Latin layout", keyEvent(Qt::Key_A, none, "a", 24), 'A', 'a'},
@@ -48,6 +49,13 @@ TEST(KeyTranslation, GivesCodesAndCharactersWhateverTheLayout) {
         {"Devanagari with caps lock", keyEvent(0x915, none, QString(QChar(0x915)), 45, 0, 2), 'K',
          'K'},
         {"Devanagari with Ctrl", keyEvent(0x0938, ctrl, QString(QChar(0x0938)), 39), 'S', 19},
+        {"punctuation of a Greek layout", keyEvent(Qt::Key_Semicolon, none, ";", 24), 'Q', 'q',
+         Layout::Other},
+        {"a keypad digit there", keyEvent(Qt::Key_5, Qt::KeypadModifier, "5", 84, 0xFFB5), 101, '5',
+         Layout::Other},
+        {"Alt after Shift", keyEvent(Qt::Key_Meta, shift, "", 64, 0xFFE7), 18, noCharacter},
+        {"Shift that switches the layout", keyEvent(Qt::Key_unknown, none, "", 50, 0xFE08), 16,
+         noCharacter},
         {"dead key", keyEvent(Qt::Key_Dead_Acute, none, "", 48), 222, '\''},
         {"euro sign", keyEvent(Qt::Key_E, none, QString(QChar(0x20AC)), 26), 'E', 0x80},
         {"keypad digit", keyEvent(Qt::Key_5, Qt::KeypadModifier, "5", 84, 0xFFB5), 101, '5'},
@@ -64,11 +72,12 @@ TEST(KeyTranslation, GivesCodesAndCharactersWhateverTheLayout) {
         {"unknown", keyEvent(Qt::Key_VolumeUp, none, "", 123), 255, noCharacter},
     };
     for (const auto& row : rows) {
-        const KeyStroke stroke = translateKey(row.event);
+        const KeyStroke stroke = translateKey(row.event, row.layout);
         EXPECT_EQ(stroke.keyCode, row.keyCode) << row.name;
         EXPECT_EQ(stroke.character.value_or(noCharacter), row.character) << row.name;
     }
-    EXPECT_EQ(translateKey(keyEvent(Qt::Key_Control, none, "", 37)).shift, modifier::ctrl)
+    EXPECT_EQ(translateKey(keyEvent(Qt::Key_Control, none, "", 37), Layout::Latin).shift,
+              modifier::ctrl)
         << "a modifier counts from its own press on";
 }
 

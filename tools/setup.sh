@@ -2,7 +2,8 @@
 # What the commands share: the packages of Debian 12 they need, and how the tree is built.
 # To be sourced by a script that stands in the root of the tree.
 
-buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-qpa-plugins libxcb-xkb-dev)
+buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-qpa-plugins libxcb-xkb-dev
+    libxkbcommon-x11-dev)
 runPackages=(fonts-dejavu-core fonts-liberation)
 desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
 testPackages=(libgtest-dev libbenchmark-dev "${desktopTestPackages[@]}")

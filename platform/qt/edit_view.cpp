@@ -5,6 +5,7 @@
 #include "platform/qt/key_translation.h"
 #include "platform/qt/line_painter.h"
 #include "platform/qt/qt_services.h"
+#include "platform/qt/x11_keyboard.h"
 #include "window/context_menu.h"
 #include "window/frm_quillet.h"
 
@@ -30,6 +31,11 @@ constexpr int margin = 4;
 
 // Comes before the repaint that is pending, and after all changes of one event.
 const auto settleEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+KeyStroke strokeOf(const QKeyEvent& event) {
+    const bool isLatin = isLatinLayout(event.nativeModifiers());
+    return translateKey(event, isLatin ? Layout::Latin : Layout::Other);
+}
 
 } // namespace
 
@@ -129,13 +135,13 @@ void EditView::timerEvent(QTimerEvent* event) {
 }
 
 void EditView::keyPressEvent(QKeyEvent* event) {
-    enter([&] { keyboard_.press(translateKey(*event)); });
+    enter([&] { keyboard_.press(strokeOf(*event)); });
     askToSettle(); // a key that moves nothing brings the caret into view as well
 }
 
 void EditView::keyReleaseEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat())
-        enter([&] { keyboard_.release(translateKey(*event)); });
+        enter([&] { keyboard_.release(strokeOf(*event)); });
 }
 
 void EditView::focusInEvent(QFocusEvent* event) {

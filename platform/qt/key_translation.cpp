@@ -38,6 +38,32 @@ constexpr std::array<KeysymRow, 17> keypadKeys = {{
     {0xFF9D, 12},
 }};
 
+// The modifier keys by their places: held together they change each other's keysyms, as where
+// Alt with Shift switches the layout.
+struct ModifierKey {
+    std::uint32_t scanCode;
+    std::int16_t keyCode;
+};
+
+constexpr std::array<ModifierKey, 9> modifierKeys = {{
+    {50, key::shift},
+    {62, key::shift},
+    {37, key::ctrl},
+    {105, key::ctrl},
+    {64, key::alt},
+    {108, key::alt},
+    {66, key::capsLock},
+    {133, key::leftSuper},
+    {134, key::rightSuper},
+}};
+
+// Keysyms that switch levels and layouts, and Meta: they say nothing of the key that gave them.
+constexpr bool isSwitch(std::uint32_t keysym) {
+    const bool isIsoLock = keysym >= 0xFE01 && keysym <= 0xFE0F;
+    const bool isMeta = keysym == 0xFFE7 || keysym == 0xFFE8;
+    return isIsoLock || isMeta || keysym == 0xFF7E;
+}
+
 struct NamedKey {
     int key;
     std::int16_t keyCode;
@@ -45,9 +71,9 @@ struct NamedKey {
 
 constexpr std::array<NamedKey, 30> namedKeys = {{
     {Qt::Key_Backspace, key::backspace},
-    {Qt::Key_Tab, 9},
-    {Qt::Key_Backtab, 9},
-    {Qt::Key_Clear, 12},
+    {Qt::Key_Tab, key::tab},
+    {Qt::Key_Backtab, key::tab},
+    {Qt::Key_Clear, key::clear},
     {Qt::Key_Return, key::enter},
     {Qt::Key_Enter, key::enter},
     {Qt::Key_Shift, key::shift},
@@ -55,8 +81,8 @@ constexpr std::array<NamedKey, 30> namedKeys = {{
     {Qt::Key_Alt, key::alt},
     {Qt::Key_AltGr, key::alt},
     {Qt::Key_Pause, 19},
-    {Qt::Key_CapsLock, 20},
-    {Qt::Key_Escape, 27},
+    {Qt::Key_CapsLock, key::capsLock},
+    {Qt::Key_Escape, key::escape},
     {Qt::Key_PageUp, key::pageUp},
     {Qt::Key_PageDown, key::pageDown},
     {Qt::Key_End, key::end},
@@ -69,9 +95,9 @@ constexpr std::array<NamedKey, 30> namedKeys = {{
     {Qt::Key_Insert, key::insert},
     {Qt::Key_Delete, key::del},
     {Qt::Key_Menu, 93},
-    {Qt::Key_Super_L, 91},
-    {Qt::Key_Super_R, 92},
-    {Qt::Key_Meta, 91},
+    {Qt::Key_Super_L, key::leftSuper},
+    {Qt::Key_Super_R, key::rightSuper},
+    {Qt::Key_Meta, key::leftSuper},
     {Qt::Key_NumLock, 144},
     {Qt::Key_ScrollLock, 145},
 }};
@@ -126,6 +152,12 @@ std::int16_t virtualKeyCode(const QKeyEvent& event) {
     const int key = event.key();
     if (const auto* row = findRow(keypadKeys, [=](const auto& it) { return it.keysym == keysym; }))
         return row->keyCode;
+    if (isSwitch(keysym)) {
+        const std::uint32_t scanCode = event.nativeScanCode();
+        const auto* row =
+            findRow(modifierKeys, [=](const auto& it) { return it.scanCode == scanCode; });
+        return row != nullptr ? row->keyCode : key::alt;
+    }
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
         return static_cast<std::int16_t>(key::f1 + (key - Qt::Key_F1));
     if (const auto* row = findRow(namedKeys, [=](const auto& it) { return it.key == key; }))
@@ -158,8 +190,11 @@ std::optional<std::int16_t> placedCharacter(const QKeyEvent& event) {
     return shift != caps ? placed->shifted : placed->plain;
 }
 
-std::optional<std::int16_t> typedCharacter(const QKeyEvent& event) {
+std::optional<std::int16_t> typedCharacter(const QKeyEvent& event, Layout layout) {
     const QString text = event.text();
+    if (layout == Layout::Other && !text.isEmpty())
+        if (const auto character = placedCharacter(event))
+            return character;
     if (text.size() == 1)
         if (const auto byte = byteOfUnicode(text.front().unicode()))
             return *byte;
@@ -181,23 +216,24 @@ std::optional<std::int16_t> controlCharacter(const QKeyEvent& event, std::int16_
     return placedCharacter(event);
 }
 
-std::optional<std::int16_t> characterOf(const QKeyEvent& event, std::int16_t keyCode) {
+std::optional<std::int16_t> characterOf(const QKeyEvent& event, std::int16_t keyCode,
+                                        Layout layout) {
     if (event.modifiers().testFlag(Qt::AltModifier))
         return std::nullopt;
     const bool isNamed =
         findRow(namedKeys, [&](const auto& row) { return row.key == event.key(); });
-    const bool types =
-        keyCode == key::backspace || keyCode == key::enter || keyCode == 9 || keyCode == 27;
+    const bool types = keyCode == key::backspace || keyCode == key::enter || keyCode == key::tab ||
+                       keyCode == key::escape;
     if (isNamed && !types)
         return std::nullopt;
     if (event.modifiers().testFlag(Qt::ControlModifier))
         return controlCharacter(event, keyCode);
-    return types ? keyCode : typedCharacter(event);
+    return types ? keyCode : typedCharacter(event, layout);
 }
 
 } // namespace
 
-KeyStroke translateKey(const QKeyEvent& event) {
+KeyStroke translateKey(const QKeyEvent& event, Layout layout) {
     constexpr std::uint32_t beyondScanCodes = 0x10000;
     const std::int16_t keyCode = virtualKeyCode(event);
     const std::uint32_t scanCode = event.nativeScanCode();
@@ -205,7 +241,7 @@ KeyStroke translateKey(const QKeyEvent& event) {
                 scanCode != 0 ? scanCode : beyondScanCodes + static_cast<std::uint32_t>(keyCode),
             .keyCode = keyCode,
             .shift = modifierMask(event.modifiers()),
-            .character = characterOf(event, keyCode)};
+            .character = characterOf(event, keyCode, layout)};
 }
 
 } // namespace quillet

@@ -1,11 +1,11 @@
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 #include "platform/posix/posix_files.h"
-#include "platform/qt/auto_repeat.h"
 #include "platform/qt/box_accessible.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_services.h"
+#include "platform/qt/x11_keyboard.h"
 #include "window/frm_quillet.h"
 
 #include <QApplication>

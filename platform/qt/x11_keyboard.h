@@ -1,5 +1,7 @@
-// How the X server reports a held key.
+// What has to be asked of the X server about the keyboard.
 #pragma once
+
+#include <cstdint>
 
 namespace quillet {
 
@@ -7,5 +9,9 @@ namespace quillet {
 /// looks like one pressed and released over and over. Does nothing on other platforms. To be
 /// called once, after the application object exists.
 void requestDetectableAutoRepeat();
+
+/// Whether the letters of the keyboard layout in use are Latin ones. `nativeModifiers` are those
+/// of a key event; they tell which of several layouts is active. Where nobody knows, yes.
+bool isLatinLayout(std::uint32_t nativeModifiers);
 
 } // namespace quillet
