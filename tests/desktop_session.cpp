@@ -140,8 +140,7 @@ bool DesktopSession::waitForTitle(const std::string& title) {
 }
 
 std::string DesktopSession::saveAs(const std::string& name) {
-    const std::string main = title();
-    send("key ctrl+39"); // S by its place
+    send("keydown ctrl key 39 keyup ctrl"); // S by its place
     if (!waitForTitle("Save As"))
         return "no dialog";
     type(path(name));

@@ -13,7 +13,11 @@ struct Desktop : ::testing::Test {
 
     // The letter goes up before Ctrl: the other way round its release rewrites text and drops
     // the selection.
-    void clear() { session.send("keydown ctrl key 38 keyup ctrl key Delete"); }
+    static std::string ctrl(int keycode) {
+        return "keydown ctrl key " + std::to_string(keycode) + " keyup ctrl ";
+    }
+
+    void clear() { session.send(ctrl(38) + "key Delete"); }
 };
 
 TEST_F(Desktop, TypesEveryWorkedSequence) {
@@ -83,17 +87,29 @@ TEST_F(Desktop, HeldRolledAndKeypadKeys) {
     }
 }
 
-TEST_F(Desktop, ADevanagariLayoutTypesAndCommandsLikeTheUsOne) {
-    output("setxkbmap -layout in -variant deva");
-    session.type("kfleyE#");
-    session.send("key ctrl+39"); // S
-    ASSERT_TRUE(session.waitForTitle("Save As"));
-    output("setxkbmap us");
-    session.type(session.path("deva.qlt"));
-    session.send("key Return");
-    EXPECT_TRUE(
-        session.waitForTitle("Quillet: Hindi Text Editor (" + session.path("deva.qlt") + ")"));
-    EXPECT_EQ(session.read("deva.qlt"), "fdrkcvk~k\r\n");
+TEST_F(Desktop, OtherLayoutsTypeAndCommandLikeTheUsOne) {
+    for (const char* layout : {"us", "in -variant deva", "ru", "gr", "us,in -variant ,deva"}) {
+        output(std::string("setxkbmap -option '' -layout ") + layout);
+        clear();
+        session.type("kfleyE/@#$^&?q;");
+        session.send(ctrl(39)); // S
+        ASSERT_TRUE(session.waitForTitle("Save As")) << layout;
+        output("setxkbmap -layout us");
+        const std::string name = "by-" + std::string(layout, 2) + ".qlt";
+        std::filesystem::remove(session.path(name));
+        session.type(session.path(name));
+        session.send("key Return");
+        EXPECT_TRUE(waitUntil([&] { return !session.read(name).empty(); }));
+        EXPECT_EQ(session.read(name), "fdrkcvk;W~kZ={k\\\xA9p\r\n") << layout;
+    }
+}
+
+TEST_F(Desktop, SwitchingTheLayoutLeavesTheTextAlone) {
+    output("setxkbmap -layout us,in -variant ,deva -option grp:alt_shift_toggle");
+    session.type("jdkd"); // the reph is the last glyph: a rewrite now would select it all
+    session.send("keydown 50 keydown 64 keyup 64 keyup 50 keydown 64 keydown 50 keyup 50 keyup 64");
+    session.type("k");
+    EXPECT_EQ(session.saveAs("switched.qlt"), "DdZ\r\n");
 }
 
 TEST_F(Desktop, OpensEditsAndSavesAllBytes) {
@@ -101,7 +117,7 @@ TEST_F(Desktop, OpensEditsAndSavesAllBytes) {
     for (int code = 0; code < 256; ++code)
         bytes.push_back(static_cast<char>(code));
     session.write("bytes.htm", bytes);
-    session.send("key ctrl+32"); // O
+    session.send(ctrl(32)); // O
     ASSERT_TRUE(session.waitForTitle("Open"));
     session.type(session.path("bytes.htm"));
     session.send("key Return");
@@ -114,7 +130,7 @@ TEST_F(Desktop, OpensEditsAndSavesAllBytes) {
 }
 
 TEST_F(Desktop, PromptsWaitForAnAnswerAndFailuresStaySilent) {
-    session.send("key ctrl+26"); // Exit does nothing yet
+    session.send(ctrl(26)); // Exit does nothing yet
     session.type("k");
     session.write("locked.qlt", "old");
     output("chmod 444 " + session.path("locked.qlt"));
@@ -124,7 +140,7 @@ TEST_F(Desktop, PromptsWaitForAnAnswerAndFailuresStaySilent) {
     EXPECT_EQ(session.title(),
               "Quillet: Hindi Text Editor (" + session.path("nowhere/x.qlt") + ")");
 
-    session.send("key ctrl+57"); // New
+    session.send(ctrl(57)); // New
     ASSERT_TRUE(session.waitForTitle("Quillet1.0"));
     session.send("key Escape sleep 0.3");
     EXPECT_EQ(session.title(), "Quillet1.0") << "Esc is no answer";
@@ -132,7 +148,7 @@ TEST_F(Desktop, PromptsWaitForAnAnswerAndFailuresStaySilent) {
     EXPECT_TRUE(session.waitForTitle("Quillet: Hindi Word Processor  (New Unsaved File)"));
 
     session.type("k");
-    session.send("key ctrl+26"); // Exit
+    session.send(ctrl(26)); // Exit
     ASSERT_TRUE(session.waitForTitle("Quillet1.0"));
     session.send("key Escape");
     ASSERT_TRUE(session.waitForTitle("Quillet: Hindi Word Processor  (New Unsaved File)"));
@@ -140,6 +156,40 @@ TEST_F(Desktop, PromptsWaitForAnAnswerAndFailuresStaySilent) {
     ASSERT_TRUE(session.waitForTitle("Quillet1.0"));
     session.send("key alt+n");
     EXPECT_EQ(session.program().waitForExit(), 0);
+}
+
+// Each step with the title that it ends under.
+TEST_F(Desktop, CancelledAndFailingFileCommandsGoOn) {
+    const std::string a = session.path("a.qlt");
+    const std::string missing = session.path("missing");
+    const std::string opened = "Quillet: Hindi Word Processor  ";
+    const std::string close = "key alt+f Up Up Return";
+    const std::vector<std::pair<std::string, std::string>> steps = {
+        {ctrl(32), "Open"}, // O, cancelled before any name was chosen
+        {"key Escape", opened},
+        {"key 45 " + ctrl(39), "Save As"}, // k and S, cancelled too
+        {"key Escape", opened},
+        {ctrl(32), "Quillet1.0"}, // O, saving first, under a name
+        {"key alt+y", "Save As"},
+        {"type --delay 4 " + a, "Save As"},
+        {"key Return", "Open"},
+        {"type --delay 4 " + missing, "Open"},
+        {"key Return", opened + missing},
+        {close, "Quillet1.0"},
+        {"key Escape", opened + missing},
+        {close, "Quillet1.0"},
+        {"key alt+y", "Quillet: Hindi Word Processor"},
+        {"key 45 " + ctrl(26), "Quillet1.0"}, // k and E
+        {"key alt+y", "Save As"},
+    };
+    for (const auto& [commands, title] : steps) {
+        session.send(commands);
+        ASSERT_TRUE(session.waitForTitle(title)) << commands << " ends under " << session.title();
+    }
+    session.send("key Escape"); // writes under the last name all the same
+    EXPECT_EQ(session.program().waitForExit(), 0);
+    EXPECT_EQ(session.read("a.qlt") + session.read("missing") + session.read("missing.qlt"),
+              "d\r\nd\r\nd\r\n");
 }
 
 TEST_F(Desktop, MouseSelectsAndAboutOutlivesTheMainWindow) {
@@ -153,7 +203,7 @@ TEST_F(Desktop, MouseSelectsAndAboutOutlivesTheMainWindow) {
     ASSERT_TRUE(session.waitForTitle("Quillet1.0"));
     session.send("key alt+n");
     ASSERT_TRUE(session.waitForTitle("Quillet: Hindi Word Processor"));
-    session.send("key ctrl+58"); // About
+    session.send(ctrl(58)); // About
     ASSERT_TRUE(session.waitForTitle("About Quillet"));
     const std::string mainWindow = "xdotool search --name '^Quillet: Hindi Word Processor$'";
     output(mainWindow + " windowactivate --sync");
