@@ -76,10 +76,13 @@ TEST_F(Window, TheMenuReadsAsDesigned) {
 
 TEST_F(Window, EveryToolbarKeyHasAnIconACommandRowAndAPlace) {
     std::string text;
+    std::string tooltips;
     for (const ToolbarButton& button : toolbarButtons()) {
         text += button.isSeparator() ? " -" : std::string(" ") + button.key;
         if (button.isSeparator())
             continue;
+        if (std::string_view(button.tooltip) != button.key)
+            tooltips += std::string(button.tooltip) + "|";
         const auto isImage = [&](const ImageRow& row) {
             return std::string_view(row.key) == button.image;
         };
@@ -93,6 +96,19 @@ TEST_F(Window, EveryToolbarKeyHasAnIconACommandRowAndAPlace) {
     EXPECT_EQ(text, " New Open Save Print - Cut Copy Paste - Bold Italic Underline - ClearAll -"
                     " KeyboardOld KeyboardNew - Sentences Characters Words - AddMemory AppendMemory"
                     " PasteFromMemory EmptyMemory - Email Web - Layout Help");
+    EXPECT_EQ(tooltips, "Clear All Text|Keyboard Old (Remington)|Keyboard Inscript|Count Lines|"
+                        "Count Characters|Count Words|Clear memory and add new text to it|"
+                        "Append more text to memory|Paste text from memory|Empty memory|Email text|"
+                        "Surf Hindi News Website|Keyboard Layouts|How to use Quillet|");
+    std::string images;
+    for (const ImageRow& row : imageList)
+        images += std::string(row.key) + (*row.tag != '\0' ? "=" : "") + row.tag + "|";
+    EXPECT_EQ(images, "Underline|Copy|Cut|Italic|New|Open|Paste|Print|Save|Bold|"
+                      "KeyboardRemington=Keyboard Remington|KeyboardInscript=Keyboard Inscript|"
+                      "ClearScreen=Clear Screen|Lines=Count Lines|Words|Characters|AddMemory|"
+                      "AppendMemory|PasteFromMemory|ClearMemory|Email=Send Email|"
+                      "Web=Surf Hindi News|Help=How To Use Quillet|Layout=Keyboard Layouts|"
+                      "Convert=Convert to PDF|");
 }
 
 // What a command does to a window with "abc", of which "b" is selected, with "xyz" to undo, "zzz"
@@ -105,8 +121,10 @@ const std::map<std::string, std::string> effects = {
      "changes made to file? [Yes/No] Quillet1.0|open at '': *.qlt* *.txt* *.htm* *.*|read "},
     {"mnuSave", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
     {"mnuSaveAs", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
-    {"mnuClose", "|0+0|Inscript|Q||Quillet: Hindi Word Processor|ask Do you want to save changes "
-                 "made since you last opened the file? [Yes/No/Cancel] Quillet1.0"},
+    {"mnuClose", "abc|1+1|Inscript|Q||T|ask Do you want to save changes made since you last opened "
+                 "the file? [Yes/No/Cancel] Quillet1.0"},
+    {"mnuExit",
+     "abc|1+1|Inscript|Q||T|ask Do you want to save the file? [Yes/No/Cancel] Quillet1.0"},
     {"mnuCut", "ac|1+0|Inscript|b||T"},
     {"mnuCopy", "abc|1+1|Inscript|b||T"},
     {"mnuPaste", "aQc|2+0|Inscript|Q||T"},
@@ -150,6 +168,8 @@ void expectEffect(const std::string& name, const std::function<void(frmQuillet&)
         form.txtMain.Text(text);
     form.txtMain.undo();
     form.txtMain.select({1, 2});
+    form.textboxused = true;
+    desktop.answers = {Answer::Cancel};
     desktop.clipboard = "Q";
     desktop.forms.calls.clear();
     const std::string before = look(form);
@@ -260,11 +280,28 @@ TEST_F(Window, AShortcutNeedsCtrlAloneAndRunsOnce) {
     EXPECT_EQ(desktop.clipboard + "/" + form.txtMain.Text(), "ab/c") << "Shift+Delete cuts";
 }
 
+TEST_F(Window, AKeyThatChoseFromAMenuRaisesNothing) {
+    form.txtMain.Text("d~");
+    form.txtMain.SelStart(2);
+    keyboard.focusGained(FocusFrom::Menu);
+    keyboard.release({.scanCode = 33, .keyCode = 'P', .character = {}});
+    EXPECT_EQ(form.txtMain.Text(), "d~");
+    keyboard.focusGained(FocusFrom::Elsewhere);
+    keyboard.release({.scanCode = 33, .keyCode = 'P', .character = {}});
+    EXPECT_EQ(form.txtMain.Text(), "D");
+}
+
 TEST_F(Window, AboutShowsItsTextsAndCloses) {
-    form.mnuAbout_Click();
-    form.mnuAbout_Click();
-    EXPECT_EQ(std::count(desktop.forms.calls.begin(), desktop.forms.calls.end(), "show frmAbout"),
-              2);
+    frmAbout about(desktop.forms);
+    about.show();
+    about.show();
+    std::string texts;
+    for (const Control& control : about.controls())
+        texts += control.Caption() + "|";
+    EXPECT_NE(texts.find("|The Quillet developers|https://"), std::string::npos) << texts;
+    about.control("cmdClose").click();
+    using Calls = std::vector<std::string>;
+    EXPECT_EQ(desktop.forms.calls, (Calls{"show frmAbout", "show frmAbout", "hide frmAbout"}));
 }
 
 } // namespace
