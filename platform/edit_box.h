@@ -161,7 +161,6 @@ class EditBox {
     Position caretLine() const { return lines_.lineOf(selection_.caret); }
     Advance xOf(Position at) const { return lines_.xOf(text_, at); }
     Position placeAt(Position line, Advance x) const { return lines_.placeAt(text_, line, x); }
-    Position lineEnd(Position line) const { return lines_.lineEnd(text_, line); }
     GlyphString lineText(Position line) const;
 
     void setObserver(EditBoxObserver* observer) { observer_ = observer; }

@@ -181,16 +181,16 @@ void expectEffect(const std::string& name, const std::function<void(frmQuillet&)
 }
 
 TEST(WindowTables, EveryRowReachesItsHandler) {
+    const auto walk = [](const auto& row, const char* name) {
+        expectEffect(name, [&](frmQuillet& form) {
+            if (row.command != nullptr)
+                (form.*row.command)();
+        });
+    };
     for (const MenuRow& row : menuTable())
-        expectEffect(row.name, [&](frmQuillet& form) {
-            if (row.command != nullptr)
-                (form.*row.command)();
-        });
+        walk(row, row.name);
     for (const ContextRow& row : contextMenu())
-        expectEffect(row.caption, [&](frmQuillet& form) {
-            if (row.command != nullptr)
-                (form.*row.command)();
-        });
+        walk(row, row.caption);
     for (const char* key :
          {"New", "Open", "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline",
           "ClearAll", "KeyboardOld", "KeyboardNew", "Convert", "save", "", "Nothing"})
