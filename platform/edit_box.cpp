@@ -214,6 +214,22 @@ void EditBox::setMetrics(const LineMetrics& metrics) {
     goalX_.reset();
 }
 
+bool EditBox::catchUp() {
+    text_.moveGap(SelStart());
+    if (lines_.isSettled()) {
+        resumeNext([&] { lines_.expectChange(SelStart()); });
+        return false;
+    }
+    bool settled = false;
+    resumeNext([&] { // without memory the lines stay as they are until the next change
+        const LineChange change = lines_.settle(text_);
+        settled = true;
+        if (observer_ != nullptr)
+            observer_->linesChanged(change);
+    });
+    return settled;
+}
+
 GlyphString EditBox::lineText(Position line) const {
     const Position start = lines_.lineStart(line);
     return text_.copy(start, lines_.lineStart(line + 1) - start);

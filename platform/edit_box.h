@@ -46,6 +46,7 @@ class EditBoxObserver {
 
     virtual void textChanged(const TextChange& change) = 0;
     virtual void textLoaded() = 0;
+    virtual void linesChanged(const LineChange& change) = 0; // the text has not
     virtual void selectionChanged() = 0;
     virtual void fontChanged() = 0;
     virtual void geometryChanged() = 0;
@@ -158,6 +159,12 @@ class EditBox {
     const LineLayout& lines() const { return lines_; }
     void setMetrics(const LineMetrics& metrics);
     void setPageLines(Position lines) { pageLines_ = lines; }
+
+    /// What can wait until no key does: brings the text's storage to the caret, so that the next
+    /// key there costs little, and goes on wrapping what a change has left. True while there is
+    /// more to do.
+    bool catchUp();
+
     Position caretLine() const { return lines_.lineOf(selection_.caret); }
     Advance xOf(Position at) const { return lines_.xOf(text_, at); }
     Position placeAt(Position line, Advance x) const { return lines_.placeAt(text_, line, x); }

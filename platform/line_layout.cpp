@@ -7,10 +7,15 @@
 namespace quillet {
 namespace {
 
-constexpr Advance looksAt = -1; // the mark of CR, LF, tab and blank in the table of steps
+constexpr Advance looksAt = maxAdvance + 1; // the step of glyphs that need more than an addition
+constexpr std::size_t blockLength = 16;
 
 bool endsLine(char glyph) {
     return glyph == '\r' || glyph == '\n';
+}
+
+bool isBlank(char glyph) {
+    return glyph == ' ' || glyph == '\t';
 }
 
 // The state of wrapping one line, fed with the text in contiguous parts.
@@ -19,57 +24,73 @@ class LineScan {
     LineScan(const LineLayout& layout, const std::array<Advance, 256>& steps, Position start)
         : layout_(layout),
           steps_(steps),
+          width_(layout.metrics().width),
           start_(start),
           at_(start) {}
 
-    // Goes on through `part`. True when the next line's start is known.
+    // Goes on through `part`. True when the line is complete. Most of it goes by whole blocks,
+    // for as long as they surely fit.
     bool feed(GlyphView part) {
-        const Advance width = layout_.metrics().width;
-        for (const char glyph : part) {
-            const Advance step = steps_[glyphCode(glyph)];
-            if (step == looksAt) {
-                if (look(glyph))
-                    return true;
-            } else {
-                x_ += step;
-                if (x_ > width && step != 0 && at_ != start_)
-                    return true;
+        while (part.size() >= blockLength) {
+            Advance sum = 0;
+            for (std::size_t i = 0; i < blockLength; ++i)
+                sum += steps_[glyphCode(part[i])];
+            if (std::int64_t{x_} + sum <= width_) {
+                x_ += sum;
+                at_ += static_cast<Position>(blockLength);
+            } else if (feedSingly(part.substr(0, blockLength))) {
+                return true;
             }
+            part.remove_prefix(blockLength);
+        }
+        return feedSingly(part);
+    }
+
+    // Behind the line break that ended the scan, or else the glyph that no longer fits.
+    Position at() const { return at_; }
+    std::optional<char> lineBreak() const { return lineBreak_; }
+
+  private:
+    bool feedSingly(GlyphView part) {
+        for (const char glyph : part) {
+            const Advance left = x_;
+            if (endsLine(glyph)) {
+                lineBreak_ = glyph;
+                ++at_;
+                return true;
+            }
+            x_ = layout_.advanceFrom(left, glyph);
+            if (x_ > width_ && x_ != left && !isBlank(glyph) && at_ != start_)
+                return true;
             ++at_;
         }
         return false;
     }
 
-    // Behind the line break that ended the scan, or else where a line that is too long breaks.
-    Position next() const { return breakAt_ > start_ ? breakAt_ : at_; }
-    bool sawCarriageReturn() const { return carriageReturn_; }
-
-  private:
-    bool look(char glyph) {
-        breakAt_ = at_ + 1;
-        carriageReturn_ = glyph == '\r';
-        if (endsLine(glyph))
-            return true;
-        x_ = layout_.advanceFrom(x_, glyph);
-        return false;
-    }
-
     const LineLayout& layout_;
     const std::array<Advance, 256>& steps_;
+    const Advance width_;
     const Position start_;
     Position at_;
-    Position breakAt_ = 0;
     Advance x_ = 0;
-    bool carriageReturn_ = false;
+    std::optional<char> lineBreak_;
 };
+
+// Where a line breaks that has room up to `end`: behind its last blank, or else there.
+Position breakBefore(const GapBuffer& text, Position start, Position end) {
+    for (Position at = end; at > start; --at)
+        if (isBlank(text[at - 1]))
+            return at;
+    return end;
+}
 
 } // namespace
 
 void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
-    LineLayout other;
+    LineLayout other(wrappedAtOnce_);
     other.metrics_ = metrics;
     other.steps_ = metrics.advances;
-    for (const char glyph : {'\r', '\n', '\t', ' '})
+    for (const char glyph : {'\r', '\n', '\t'})
         other.steps_[glyphCode(glyph)] = looksAt;
     other.wrapAll(text);
     *this = std::move(other);
@@ -84,12 +105,33 @@ void LineLayout::wrapAll(const GapBuffer& text) {
     }
     head_ = std::move(starts);
     tail_.clear();
+    joins_.clear();
     size_ = static_cast<Position>(text.size());
 }
 
 LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position inserted) {
     // The line before the changed one comes first: a shorter word may fit at its end now.
     const Position first = std::max(lineOf(at) - 1, 0);
+    const Position removed = size_ + inserted - static_cast<Position>(text.size());
+    std::vector<Position> joins;
+    for (const Position join : joins_) {
+        if (join <= at)
+            joins.push_back(join);
+        else if (join > at + removed)
+            joins.push_back(join - removed + inserted);
+    }
+    return rewrap(text, first, at + inserted, std::move(joins));
+}
+
+LineChange LineLayout::settle(const GapBuffer& text) {
+    if (isSettled())
+        return {};
+    return rewrap(text, lineOf(joins_.front()) - 1, 0, joins_);
+}
+
+// Wraps from line `first` on, at least to `changeEnd`. `joins` are those of the new text.
+LineChange LineLayout::rewrap(const GapBuffer& text, Position first, Position changeEnd,
+                              std::vector<Position> joins) {
     const Position linesBefore = lineCount();
     splitAt(first + 1);
 
@@ -99,23 +141,39 @@ LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position ins
             --kept;
         return kept;
     };
-    std::size_t kept = dropBefore(tail_.size(), at + inserted);
+    std::size_t kept = dropBefore(tail_.size(), changeEnd);
     std::vector<Position> starts;
-    Position start = head_.back();
-    while (true) {
-        const auto next = nextStart(text, start);
+    const Position from = head_.back();
+    Position start = from;
+    const Position goal = std::max(start, changeEnd);
+    const Position stop = goal + std::min(size - goal, wrappedAtOnce_);
+    bool met = false;
+    std::optional<Position> next = start;
+    while (next && !met && start <= stop) {
+        next = nextStart(text, start);
         kept = next ? dropBefore(kept, *next) : 0;
-        const bool met = kept > 0 && size - tail_[kept - 1] == *next;
-        if (!next || met)
-            break;
-        starts.push_back(start = *next);
+        met = kept > 0 && size - tail_[kept - 1] == *next;
+        if (next && !met)
+            starts.push_back(start = *next);
+    }
+    std::erase_if(joins, [&](Position join) { return join > from && (!next || join <= *next); });
+    if (kept > 0 && !met) {
+        const Position join = size - tail_[kept - 1];
+        const auto place = std::lower_bound(joins.begin(), joins.end(), join);
+        if (place == joins.end() || *place != join)
+            joins.insert(place, join);
     }
 
     head_.insert(head_.end(), starts.begin(), starts.end());
     tail_.resize(kept); // from here on nothing can fail
+    joins_ = std::move(joins);
     size_ = size;
     const auto after = static_cast<Position>(head_.size()) - first;
     return {.first = first, .before = linesBefore - lineCount() + after, .after = after};
+}
+
+void LineLayout::expectChange(Position at) {
+    splitAt(std::max(lineOf(at), 1));
 }
 
 Position LineLayout::lineCount() const {
@@ -184,11 +242,13 @@ std::optional<Position> LineLayout::nextStart(const GapBuffer& text, Position st
     const auto size = static_cast<Position>(text.size());
     const Position count = std::min(size - start, maxLineLength);
     const auto parts = text.spans(start, count);
-    const bool found = scan.feed(parts[0]) || scan.feed(parts[1]);
-    if (!found && count == size - start)
+    const bool complete = scan.feed(parts[0]) || scan.feed(parts[1]);
+    if (!complete && count == size - start)
         return std::nullopt;
-    const Position next = scan.next();
-    const bool splitsPair = scan.sawCarriageReturn() && next < size && text[next] == '\n';
+    const Position next = scan.at();
+    if (!scan.lineBreak())
+        return breakBefore(text, start, next);
+    const bool splitsPair = scan.lineBreak() == '\r' && next < size && text[next] == '\n';
     return splitsPair ? next + 1 : next;
 }
 

@@ -19,12 +19,14 @@ inline constexpr Advance advancePerPixel = 64;
 /// small.
 inline constexpr Position maxLineLength = 4096;
 
-/// What the wrap needs to know of a font and a box.
+/// What the wrap needs to know of a font and a box. No distance may exceed `maxAdvance`.
 struct LineMetrics {
     std::array<Advance, 256> advances{}; // width of every glyph code, 0 or more
     Advance tabStop = 1;                 // tabs go to the next multiple of this, above 0
     Advance width = 0;                   // room for a line
 };
+
+inline constexpr Advance maxAdvance = (1 << 26) - 1;
 
 /// Lines `first` to `first + before - 1` gave way to `first` to `first + after - 1`; the lines
 /// behind them only moved.
@@ -43,6 +45,9 @@ struct LineChange {
 /// fails for lack of memory changes nothing.
 class LineLayout {
   public:
+    /// `wrappedAtOnce` is how far one change is followed, in glyphs.
+    explicit LineLayout(Position wrappedAtOnce = 1 << 18) : wrappedAtOnce_(wrappedAtOnce) {}
+
     void setMetrics(const LineMetrics& metrics, const GapBuffer& text);
     const LineMetrics& metrics() const { return metrics_; }
 
@@ -50,9 +55,18 @@ class LineLayout {
     void wrapAll(const GapBuffer& text);
 
     /// Wraps again after what stood at `at` was replaced by `inserted` glyphs; `text` is already
-    /// the new one. Costs what lies between the change and the first old line start that the new
-    /// wrap meets again.
+    /// the new one. Goes on to the first old line start that the new wrap meets again, but no
+    /// further than `wrappedAtOnce` behind the change. There the old lines follow as they were,
+    /// behind a line that may break too early.
     LineChange replaced(const GapBuffer& text, Position at, Position inserted);
+
+    /// Whether all lines are as a full wrap makes them. While they are not, `settle` goes on
+    /// wherever `replaced` stopped first, again through `wrappedAtOnce` glyphs.
+    bool isSettled() const { return joins_.empty(); }
+    LineChange settle(const GapBuffer& text);
+
+    /// Makes the next change at `at` cost nothing for the lines between it and the last one.
+    void expectChange(Position at);
 
     Position lineCount() const;
 
@@ -77,9 +91,12 @@ class LineLayout {
 
   private:
     std::optional<Position> nextStart(const GapBuffer& text, Position start) const;
+    LineChange rewrap(const GapBuffer& text, Position first, Position changeEnd,
+                      std::vector<Position> joins);
     void splitAt(Position line);
     Position tailStart(std::size_t fromEnd) const { return size_ - tail_[fromEnd]; }
 
+    Position wrappedAtOnce_;
     LineMetrics metrics_;
     std::array<Advance, 256> steps_{}; // advances, with a mark for glyphs the wrap looks at
     Position size_ = 0;
@@ -88,6 +105,10 @@ class LineLayout {
     // kept as distances from the end of the text, so that no change has to shift them.
     std::vector<Position> head_ = {0};
     std::vector<Position> tail_;
+
+    // In order, the starts that only stand where they stood before the last changes: the line
+    // before each of them may break too early.
+    std::vector<Position> joins_;
 };
 
 } // namespace quillet

@@ -6,7 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <deque>
+#include <functional>
 #include <random>
+#include <utility>
 
 namespace quillet {
 namespace {
@@ -163,34 +167,125 @@ TEST(EditBox, AReleaseBelongsToItsKeystrokeAndSelectsNothing) {
     EXPECT_EQ(box.Text(), "") << "a paste and what its release rewrites are one step";
 }
 
+// What the box should hold after operations that each are one step, or none where they change
+// nothing.
+struct PlainBox {
+    std::string text;
+    Position start = 0;
+    Position end = 0;
+    std::deque<std::string> past, future;
+
+    void select(Position from, Position to) {
+        start = std::min(from, to);
+        end = std::max(from, to);
+    }
+    void replace(Position from, Position to, std::string_view inserted) {
+        std::string changed = text;
+        changed.replace(from, to - from, inserted);
+        start = end = from + static_cast<Position>(inserted.size());
+        if (changed == text)
+            return;
+        past.push_back(std::exchange(text, std::move(changed)));
+        if (past.size() > UndoHistory::maxSteps)
+            past.pop_front();
+        future.clear();
+    }
+    void backspace() {
+        const bool pair = text.substr(0, end).ends_with("\r\n");
+        replace(start == end ? std::max(0, start - (pair ? 2 : 1)) : start, end, "");
+    }
+    void del() {
+        const Position length = text.substr(start).starts_with("\r\n") ? 2 : 1;
+        const auto size = static_cast<Position>(text.size());
+        replace(start, start == end ? std::min(size, start + length) : end, "");
+    }
+    void goTo(std::deque<std::string>& from, std::deque<std::string>& to) {
+        if (from.empty())
+            return;
+        to.push_back(std::exchange(text, std::move(from.back())));
+        from.pop_back();
+    }
+};
+
 TEST(EditBox, AgreesWithAPlainStringAndTakesEverythingBack) {
     std::mt19937 random(3);
     const auto below = [&](Position limit) {
         return static_cast<Position>(random() % (limit + 1));
     };
-    EditBox box({});
-    box.setMetrics({.width = 64});
-    std::string plain;
-    std::vector<std::string> past = {plain};
-    for (int step = 0; step < 5'000; ++step) {
-        const Position start = below(static_cast<Position>(plain.size()));
-        const Position length = below(5);
-        std::string text(below(4), '\0');
+    const auto glyphs = [&] {
+        std::string text(below(4), '\n');
         for (char& glyph : text)
-            glyph = static_cast<char>(random());
-        box.SelStart(start);
-        box.SelLength(length);
-        box.SelText(text);
-        plain.replace(start, length, text);
-        ASSERT_EQ(box.Text(), plain) << "step " << step;
-        if (plain != past.back())
-            past.push_back(plain);
+            glyph = static_cast<char>(random() % 4 == 0 ? "\r\n \t"[random() % 4] : random());
+        return text;
+    };
+    EditBox box({});
+    PlainBox plain;
+    const std::function<void()> operations[] = {
+        [&] {
+            const std::string text = glyphs();
+            box.SelText(text);
+            plain.replace(plain.start, plain.end, text);
+        },
+        [&] {
+            box.keyPress('x', 0);
+            plain.replace(plain.start, plain.end, "x");
+        },
+        [&] {
+            box.keyPress(key::enter, 0);
+            plain.replace(plain.start, plain.end, "\r\n");
+        },
+        [&] {
+            box.keyPress(key::backspace, 0);
+            plain.backspace();
+        },
+        [&] {
+            box.keyDown(key::del, 0);
+            plain.del();
+        },
+        [&] {
+            const std::string text = glyphs();
+            box.dropText(text, plain.start);
+            plain.replace(plain.start, plain.start, text);
+            plain.start -= static_cast<Position>(text.size());
+        },
+        [&] {
+            if (random() % 16 == 0) {
+                box.Text("new\r");
+                plain.replace(0, static_cast<Position>(plain.text.size()), "new\r");
+                plain.select(0, 0);
+            }
+        },
+        [&] {
+            box.undo();
+            plain.goTo(plain.past, plain.future);
+            plain.select(box.SelStart(), box.SelStart() + box.SelLength());
+        },
+        [&] {
+            box.redo();
+            plain.goTo(plain.future, plain.past);
+            plain.select(box.SelStart(), box.SelStart() + box.SelLength());
+        },
+        [&] { box.catchUp(); },
+    };
+    box.setMetrics({.width = 64});
+    for (int step = 0; step < 1'000'000; ++step) {
+        if (random() % 2 == 0) {
+            const Position length = box.length();
+            plain.select(below(length), random() % 64 == 0 ? below(length) : plain.end);
+            box.select({.anchor = plain.start, .caret = plain.end});
+        }
+        operations[random() % std::size(operations)]();
+        ASSERT_TRUE(std::ranges::equal(box.Text(), plain.text)) << "step " << step;
+        ASSERT_EQ(box.SelStart(), plain.start) << "step " << step;
+        ASSERT_EQ(box.SelLength(), plain.end - plain.start) << "step " << step;
+        ASSERT_EQ(box.canUndo(), !plain.past.empty()) << "step " << step;
     }
-    for (auto state = past.rbegin() + 1; state != past.rend(); ++state) {
+    while (box.canUndo()) {
         box.undo();
-        ASSERT_EQ(box.Text(), *state);
+        plain.goTo(plain.past, plain.future);
+        ASSERT_EQ(box.Text(), plain.text);
     }
-    EXPECT_FALSE(box.canUndo());
+    EXPECT_TRUE(plain.past.empty());
 }
 
 } // namespace

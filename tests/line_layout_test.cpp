@@ -76,38 +76,95 @@ TEST(LineLayout, FindsPlacesInLines) {
     EXPECT_EQ(layout.placeAt(text, 1, 9), 8) << "behind the sign, not between it and its letter";
 }
 
-void expectSame(const LineLayout& one, const LineLayout& other, const char* what, int step) {
-    ASSERT_EQ(one.lineCount(), other.lineCount()) << what << " at step " << step;
-    for (Position line = 0; line <= one.lineCount(); ++line)
-        ASSERT_EQ(one.lineStart(line), other.lineStart(line)) << what << " at step " << step;
+// Every start, and the line of every place around it.
+void expectSame(const LineLayout& layout, const LineLayout& full, int step) {
+    ASSERT_EQ(layout.lineCount(), full.lineCount()) << "step " << step;
+    for (Position line = 0; line <= full.lineCount(); ++line)
+        ASSERT_EQ(layout.lineStart(line), full.lineStart(line)) << "step " << step;
+    for (Position line = 0; line < full.lineCount(); ++line)
+        ASSERT_EQ(layout.lineOf(full.lineStart(line)), line) << "step " << step;
 }
 
-TEST(LineLayout, IncrementalWrapAgreesWithAFullOne) {
-    constexpr std::string_view alphabet = "abz  \t\r\n\n\r";
-    std::mt19937 random(2);
-    const auto below = [&](Position limit) {
-        return static_cast<Position>(random() % (limit + 1));
-    };
-    GapBuffer text;
-    LineLayout layout;
-    layout.setMetrics(metrics(), text);
-    for (int step = 0; step < 30'000; ++step) {
-        const auto size = static_cast<Position>(text.size());
-        const Position at = below(size);
-        const Position removed = below(std::min<Position>(size - at, step % 50 == 0 ? 200 : 5));
-        std::string inserted(below(size > 400 ? 4 : 8), ' ');
-        for (char& glyph : inserted) // mostly letters, so that words get long
-            glyph = random() % 3 == 0 ? alphabet[random() % alphabet.size()] : 'a';
-        text.replace(at, removed, inserted);
-        const Position before = layout.lineCount();
-        const LineChange change = layout.replaced(text, at, static_cast<Position>(inserted.size()));
-        LineLayout full;
-        full.setMetrics(metrics(), text);
-        expectSame(layout, full, "starts", step);
-        ASSERT_EQ(before - change.before + change.after, full.lineCount()) << "step " << step;
-        for (Position line = 0; line < full.lineCount(); ++line)
-            ASSERT_EQ(layout.lineOf(full.lineStart(line)), line) << "step " << step;
+// Lines that wait for `settle` fit all the same, and break only where lines may.
+void expectSound(const LineLayout& layout, const GapBuffer& text, int step) {
+    for (Position line = 0; line < layout.lineCount(); ++line) {
+        const Position end = layout.lineEnd(text, line);
+        ASSERT_LE(layout.lineStart(line), end) << "step " << step;
+        const GlyphString shown = text.copy(layout.lineStart(line), end - layout.lineStart(line));
+        ASSERT_EQ(shown.find_first_of("\r\n"), GlyphString::npos) << "step " << step;
+        const auto letter = static_cast<Position>(shown.find_last_not_of(" \tz"));
+        if (letter > 0) {
+            ASSERT_LE(layout.xOf(text, layout.lineStart(line) + letter), 90) << "step " << step;
+        }
     }
+}
+
+// A text and its lines under edits of all kinds.
+class RandomEdits {
+  public:
+    explicit RandomEdits(Position wrappedAtOnce) : layout_(wrappedAtOnce) {
+        layout_.setMetrics(metrics(), text_);
+    }
+
+    void run(int steps) {
+        for (int step = 0; step < steps && !testing::Test::HasFatalFailure(); ++step) {
+            edit(step % 50 == 0 ? 200 : 5);
+            expectSound(layout_, text_, step);
+            if (step % 16 == 0)
+                while (!layout_.isSettled())
+                    layout_.settle(text_);
+            LineLayout full;
+            full.setMetrics(metrics(), text_);
+            if (layout_.isSettled())
+                expectSame(layout_, full, step);
+        }
+    }
+
+  private:
+    void edit(Position atMost) {
+        const auto size = static_cast<Position>(text_.size());
+        const Position at = below(size);
+        const Position removed = below(std::min(size - at, atMost));
+        const std::string inserted = glyphs(below(size > 300 ? 4 : 8));
+        text_.replace(at, removed, inserted);
+        const Position before = layout_.lineCount();
+        const auto count = static_cast<Position>(inserted.size());
+        const LineChange change = layout_.replaced(text_, at, count);
+        ASSERT_EQ(before - change.before + change.after, layout_.lineCount());
+        if (below(7) == 0)
+            layout_.expectChange(below(static_cast<Position>(text_.size())));
+        if (below(7) == 0)
+            layout_.settle(text_);
+    }
+
+    // Mostly letters, so that words get long.
+    std::string glyphs(Position count) {
+        constexpr std::string_view others = "abz  \t\r\n\n\r";
+        std::string text(count, 'a');
+        for (char& glyph : text) {
+            const Position kind = below(127);
+            if (kind == 0)
+                glyph = static_cast<char>(random_());
+            else if (kind < 16)
+                glyph = others[random_() % others.size()];
+        }
+        return text;
+    }
+
+    Position below(Position limit) { return static_cast<Position>(random_() % (limit + 1)); }
+
+    std::mt19937 random_{2};
+    GapBuffer text_;
+    LineLayout layout_;
+};
+
+TEST(LineLayout, IncrementalWrapAgreesWithAFullOne) {
+    RandomEdits(maxTextLength).run(500'000);
+}
+
+TEST(LineLayout, AWrapThatStopsAndGoesOnAgreesWithAFullOne) {
+    RandomEdits(0).run(250'000);
+    RandomEdits(30).run(250'000);
 }
 
 } // namespace

@@ -128,6 +128,8 @@ void EditView::scrollContentsBy(int /*dx*/, int dy) {
 }
 
 void EditView::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == idleTimer_.timerId())
+        enter([this] { catchUp(); });
     if (event->timerId() != blinkTimer_.timerId())
         return;
     caretOn_ = !caretOn_;
@@ -175,12 +177,19 @@ void EditView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void EditView::textChanged(const TextChange& change) {
-    const LineChange& lines = change.lines;
-    const bool othersStay = lines.after == lines.before;
-    updateScrollBar();
-    updateLines(lines.first, othersStay ? lines.first + lines.after - 1 : maxTextLength);
+    linesChanged(change.lines);
     askToSettle();
     tellTextChange(*this, change);
+}
+
+// What is on the screen stays there when lines above it come or go.
+void EditView::linesChanged(const LineChange& change) {
+    const Position top = topLine();
+    const Position grown = change.after - change.before;
+    updateScrollBar();
+    if (grown != 0 && change.first + change.before <= top)
+        verticalScrollBar()->setValue(top + grown);
+    updateLines(change.first, grown == 0 ? change.first + change.after - 1 : maxTextLength);
 }
 
 void EditView::textLoaded() {
@@ -236,6 +245,12 @@ void EditView::settle() {
     tellSelection(*this);
     showCaret();
     restartBlinking();
+    idleTimer_.start(0, this);
+}
+
+void EditView::catchUp() {
+    if (!box_.catchUp())
+        idleTimer_.stop();
 }
 
 void EditView::showCaret() {

@@ -54,6 +54,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
   private:
     void textChanged(const TextChange& change) override;
     void textLoaded() override;
+    void linesChanged(const LineChange& change) override;
     void selectionChanged() override;
     void fontChanged() override;
     void geometryChanged() override { takePlace(); }
@@ -63,6 +64,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void wrap();
     void askToSettle();
     void settle();
+    void catchUp();
     void showCaret();
     void restartBlinking();
     void updateScrollBar();
@@ -80,6 +82,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     GlyphFont font_;
     Selection shownSelection_;
     QBasicTimer blinkTimer_;
+    QBasicTimer idleTimer_; // runs while the box has something to catch up with
     BoxMouse mouse_;
     std::optional<Position> dropPlace_;
     bool caretOn_ = false;
