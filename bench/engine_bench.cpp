@@ -1,4 +1,5 @@
 // What typing costs in the input engine.
+#include "bench/documents.h"
 #include "tests/test_window.h"
 #include "tests/typing.h"
 
@@ -23,9 +24,7 @@ void prepare(TestWindow& window, std::int64_t size) {
     metrics.advances.fill(10 * advancePerPixel);
     metrics.width = 800 * advancePerPixel;
     window.txtMain.setMetrics(metrics);
-    GlyphString text;
-    while (text.size() < static_cast<std::size_t>(size))
-        text += "Hkkjr ,d fo'kky ns'k gS A\r\n";
+    const GlyphString text = prose(static_cast<std::size_t>(size));
     window.txtMain.load(GapBuffer(text));
     window.txtMain.SelStart(static_cast<Position>(text.size() / 2));
 }
