@@ -53,6 +53,27 @@ GlyphString GapBuffer::copy(std::size_t at, std::size_t count) const {
     return text;
 }
 
+bool operator==(const GapBuffer& one, const GapBuffer& other) {
+    if (one.size() != other.size())
+        return false;
+    std::size_t same = 0;
+    while (same < one.size()) {
+        const GlyphView mine = one.contiguousFrom(same);
+        const GlyphView theirs = other.contiguousFrom(same);
+        const std::size_t count = std::min(mine.size(), theirs.size());
+        if (mine.substr(0, count) != theirs.substr(0, count))
+            return false;
+        same += count;
+    }
+    return true;
+}
+
+// The bytes from `at`, which is below `size()`, to the gap or else to the end.
+GlyphView GapBuffer::contiguousFrom(std::size_t at) const {
+    const Spans parts = spans(at, size() - at);
+    return parts[0].empty() ? parts[1] : parts[0];
+}
+
 void GapBuffer::replace(std::size_t at, std::size_t removed, GlyphView inserted) {
     if (inserted.size() > removed)
         ensureGap(inserted.size() - removed);

@@ -35,6 +35,8 @@ class GapBuffer {
 
     GlyphString copy(std::size_t at, std::size_t count) const;
 
+    friend bool operator==(const GapBuffer& one, const GapBuffer& other);
+
     /// Replaces `removed` bytes from `at`. Without memory it throws and changes nothing.
     /// `inserted` must not point into this buffer.
     void replace(std::size_t at, std::size_t removed, GlyphView inserted);
@@ -52,6 +54,7 @@ class GapBuffer {
         void operator()(char* bytes) const { std::free(bytes); }
     };
 
+    GlyphView contiguousFrom(std::size_t at) const;
     std::size_t gapSize() const { return gapEnd_ - gapStart_; }
     void ensureGap(std::size_t needed);
 

@@ -46,9 +46,16 @@ class EditBox::OneStep {
 
 EditBox::EditBox(BoxFont font) : font_(std::move(font)) {}
 
-void EditBox::Text(GlyphView text) {
-    needRoom(text, length());
-    replace(0, length(), text, Selection{});
+void EditBox::Text(GapBuffer text) {
+    if (text.size() > static_cast<std::size_t>(maxTextLength))
+        throw RunTimeError(ErrorNumber::OutOfMemory);
+    if (text != text_) {
+        auto other = std::make_unique<GapBuffer>(std::move(text));
+        const Selection before = selection_;
+        exchangeText(*other);
+        record({.at = 0, .removed = {}, .inserted = {}, .other = std::move(other)}, before, {});
+    }
+    select({});
 }
 
 void EditBox::SelStart(Position start) {
@@ -121,15 +128,10 @@ void EditBox::Height(Twips height) {
 }
 
 void EditBox::load(GapBuffer text) {
-    lines_.wrapAll(text); // the one step that may fail comes first
-    text_ = std::move(text);
+    exchangeText(text);
     history_.clear();
-    selection_ = {};
-    goalX_.reset();
-    if (observer_ == nullptr)
-        return;
-    observer_->textLoaded();
-    observer_->selectionChanged();
+    if (observer_ != nullptr)
+        observer_->selectionChanged();
 }
 
 void EditBox::keyDown(std::int16_t KeyCode, std::int16_t Shift) {
@@ -171,18 +173,26 @@ void EditBox::runCommand(const std::function<void()>& command) {
 void EditBox::undo() {
     if (!canUndo())
         return;
-    const UndoStep& step = history_.undo();
-    for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit)
-        apply(edit->at, edit->inserted, edit->removed);
+    UndoStep& step = history_.undo();
+    for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit) {
+        if (edit->other)
+            exchangeText(*edit->other);
+        else
+            apply(edit->at, edit->inserted, edit->removed);
+    }
     select(step.before);
 }
 
 void EditBox::redo() {
     if (!canRedo())
         return;
-    const UndoStep& step = history_.redo();
-    for (const TextEdit& edit : step.edits)
-        apply(edit.at, edit.removed, edit.inserted);
+    UndoStep& step = history_.redo();
+    for (TextEdit& edit : step.edits) {
+        if (edit.other)
+            exchangeText(*edit.other);
+        else
+            apply(edit.at, edit.removed, edit.inserted);
+    }
     select(step.after);
 }
 
@@ -240,6 +250,15 @@ void EditBox::needRoom(GlyphView inserted, Position removed) const {
         throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
+void EditBox::exchangeText(GapBuffer& other) {
+    lines_.wrapAll(other); // the one step that may fail comes first
+    std::swap(text_, other);
+    selection_ = {};
+    goalX_.reset();
+    if (observer_ != nullptr)
+        observer_->textLoaded();
+}
+
 // Only what differs is replaced: a rewrite that changes nothing costs no undo step and no paint.
 void EditBox::replace(Position at, Position removed, GlyphView inserted, const Selection& after) {
     const Position prefix = commonPrefix(text_, at, removed, inserted);
@@ -250,8 +269,10 @@ void EditBox::replace(Position at, Position removed, GlyphView inserted, const S
     inserted.remove_suffix(suffix);
     removed -= suffix;
     if (removed != 0 || !inserted.empty()) {
-        TextEdit edit{
-            .at = at, .removed = text_.copy(at, removed), .inserted = GlyphString(inserted)};
+        TextEdit edit{.at = at,
+                      .removed = text_.copy(at, removed),
+                      .inserted = GlyphString(inserted),
+                      .other = nullptr};
         const Selection before = selection_;
         apply(at, edit.removed, inserted);
         record(std::move(edit), before, after);

@@ -45,7 +45,7 @@ class EditBoxObserver {
     virtual ~EditBoxObserver() = default;
 
     virtual void textChanged(const TextChange& change) = 0;
-    virtual void textLoaded() = 0;
+    virtual void textLoaded() = 0;                           // all of it is another one
     virtual void linesChanged(const LineChange& change) = 0; // the text has not
     virtual void selectionChanged() = 0;
     virtual void fontChanged() = 0;
@@ -65,7 +65,8 @@ class EditBox {
 
     /// The whole text. Writing it puts the caret at 0 with nothing selected.
     GlyphString Text() const { return text_.copy(0, text_.size()); }
-    void Text(GlyphView text);
+    void Text(GlyphView text) { Text(GapBuffer(text)); }
+    void Text(GapBuffer text);
 
     /// The same text where it lies, and its length. Valid until the next change.
     GapBuffer::Spans spans() const { return text_.spans(); }
@@ -177,6 +178,7 @@ class EditBox {
     class OneStep;
 
     void needRoom(GlyphView inserted, Position removed) const;
+    void exchangeText(GapBuffer& other);
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
     void apply(Position at, GlyphView removed, GlyphView inserted);
     void record(TextEdit edit, const Selection& before, const Selection& after);

@@ -4,31 +4,48 @@
 
 namespace quillet {
 
-void UndoHistory::record(TextEdit edit, const Selection& before, const Selection& after) {
-    if (!open_) {
-        steps_.resize(done_);
-        steps_.push_back({.edits = {}, .before = before, .after = after});
-        if (steps_.size() > maxSteps)
-            steps_.pop_front();
-        done_ = steps_.size();
-        open_ = true;
-    }
-    steps_.back().edits.push_back(std::move(edit));
-    steps_.back().after = after;
+std::size_t TextEdit::size() const {
+    return removed.size() + inserted.size() + (other ? other->size() : 0);
 }
 
-const UndoStep& UndoHistory::undo() {
+void UndoHistory::record(TextEdit edit, const Selection& before, const Selection& after) {
+    if (!open_)
+        openStep(before);
+    const std::size_t size = edit.size();
+    UndoStep& step = steps_.back();
+    step.edits.push_back(std::move(edit));
+    step.after = after;
+    step.size += size;
+    size_ += size;
+    while (steps_.size() > maxSteps || (size_ > maxSize && steps_.size() > 1)) {
+        size_ -= steps_.front().size;
+        steps_.pop_front();
+    }
+    done_ = steps_.size();
+}
+
+void UndoHistory::openStep(const Selection& before) {
+    while (canRedo()) {
+        size_ -= steps_.back().size;
+        steps_.pop_back();
+    }
+    steps_.push_back({.edits = {}, .before = before, .after = before});
+    open_ = true;
+}
+
+UndoStep& UndoHistory::undo() {
     closeStep();
     return steps_[--done_];
 }
 
-const UndoStep& UndoHistory::redo() {
+UndoStep& UndoHistory::redo() {
     closeStep();
     return steps_[done_++];
 }
 
 void UndoHistory::clear() {
     steps_.clear();
+    size_ = 0;
     done_ = 0;
     closeStep();
 }
