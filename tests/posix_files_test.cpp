@@ -1,42 +1,15 @@
 #include "platform/posix/posix_files.h"
 
-#include "base/run_time_error.h"
+#include "tests/file_fixture.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <tuple>
 
 namespace quillet {
 namespace {
-
-namespace fs = std::filesystem;
-
-template <class Step>
-int errorOf(Step step) {
-    try {
-        step();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-auto openDescriptors() {
-    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
-}
-
-struct stat statusOf(const fs::path& path) {
-    struct stat status {};
-    ::stat(path.c_str(), &status);
-    return status;
-}
 
 // No file may grow beyond `bytes`, as if the disk were full.
 void limitFileSize(rlim_t bytes) {
@@ -46,32 +19,8 @@ void limitFileSize(rlim_t bytes) {
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-// Every test has a folder of its own and leaves no temporary file and no open descriptor.
-struct PosixFilesTest : testing::Test {
-    PosixFilesTest() {
-        std::string name = testing::TempDir() + "quillet-files-XXXXXX";
-        folder = ::mkdtemp(name.data());
-    }
-    ~PosixFilesTest() override {
-        limitFileSize(RLIM_INFINITY);
-        EXPECT_EQ(openDescriptors(), descriptors);
-        for (const auto& entry : fs::recursive_directory_iterator(folder))
-            EXPECT_FALSE(entry.path().filename().native().starts_with(".quillet")) << entry;
-        fs::remove_all(folder);
-    }
-
-    void write(const fs::path& path, GlyphView text) {
-        const std::array parts{text.substr(0, 2), GlyphView(), text.substr(2)};
-        files.write(path.native(), parts);
-    }
-    GlyphString read(const fs::path& path) {
-        const GapBuffer text = files.read(path.native());
-        return text.copy(0, text.size());
-    }
-
-    PosixFiles files;
-    fs::path folder;
-    std::ptrdiff_t descriptors = openDescriptors();
+struct PosixFilesTest : FileFixture {
+    ~PosixFilesTest() override { limitFileSize(RLIM_INFINITY); }
 };
 
 TEST_F(PosixFilesTest, ReadsBackEveryByte) {
@@ -168,14 +117,8 @@ TEST_F(PosixFilesTest, WritesIntoPipes) {
     ::close(reader);
 }
 
-// In a path so long that no other name fits beside the file, not even the superuser makes one.
 TEST_F(PosixFilesTest, OverwritesWhereTheFolderTakesNoSecondFile) {
-    fs::path path = folder;
-    while (path.native().size() < 4089)
-        path /= std::string(std::min<std::size_t>(200, 4089 - path.native().size()), 'd');
-    fs::create_directories(path);
-    path /= "f";
-    std::ofstream(path) << "old";
+    const fs::path path = makeLonelyFile("old");
     const ino_t file = statusOf(path).st_ino;
     for (const GlyphView text : {"a longer text", "short"}) {
         write(path, text);

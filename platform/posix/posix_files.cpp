@@ -50,11 +50,19 @@ GapBuffer readToEnd(const FileDescriptor& file, std::size_t expected) {
 // a last link whose file does not exist yet.
 fs::path followLinks(fs::path path) {
     for (int links = 0; links < maxLinks; ++links) {
-        std::error_code noLink;
-        const fs::path next = fs::read_symlink(path, noLink);
-        if (noLink)
+        std::error_code failure;
+        const fs::path next = fs::read_symlink(path, failure);
+        switch (failure.value()) {
+        case 0:
+            path = path.parent_path() / next;
+            break;
+        case EINVAL:       // no link
+        case ENOENT:       // no file
+        case ENAMETOOLONG: // no name that a file could be renamed to
             return path;
-        path = path.parent_path() / next;
+        default: // taken for the file itself, a link would be replaced
+            throw fileError(failure.value());
+        }
     }
     throw fileError(ELOOP);
 }
@@ -77,6 +85,10 @@ bool replace(const fs::path& target, const struct stat& old, Parts parts) {
     return file.takePlace();
 }
 
+bool resize(const FileDescriptor& file, off_t size) {
+    return uninterrupted([&] { return ::ftruncate(file.number(), size); }) == 0;
+}
+
 // Makes sure of the device's room for `size` bytes, or leaves the file as it was.
 void reserve(const FileDescriptor& file, off_t oldSize, off_t size) {
     int error = size > oldSize ? EINTR : 0;
@@ -84,7 +96,7 @@ void reserve(const FileDescriptor& file, off_t oldSize, off_t size) {
         error = ::posix_fallocate(file.number(), oldSize, size - oldSize);
     if (error == 0)
         return;
-    static_cast<void>(!::ftruncate(file.number(), oldSize));
+    resize(file, oldSize);
     throw fileError(error);
 }
 
@@ -94,7 +106,7 @@ void overwrite(const FileDescriptor& file, off_t oldSize, Parts parts) {
         size += static_cast<off_t>(part.size());
     reserve(file, oldSize, size);
     writeAll(file, parts);
-    if (::ftruncate(file.number(), size) != 0)
+    if (!resize(file, size))
         throw fileError(errno);
     flush(file);
 }
