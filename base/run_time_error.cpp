@@ -6,6 +6,8 @@ const char* RunTimeError::what() const noexcept {
     switch (number_) {
     case ErrorNumber::InvalidProcedureCall:
         return "Invalid procedure call or argument";
+    case ErrorNumber::Overflow:
+        return "Overflow";
     case ErrorNumber::OutOfMemory:
         return "Out of memory";
     case ErrorNumber::FileNotFound:

@@ -8,6 +8,7 @@ namespace quillet {
 /// The run-time errors that a command can meet, by their public numbers.
 enum class ErrorNumber {
     InvalidProcedureCall = 5,
+    Overflow = 6,
     OutOfMemory = 7,
     FileNotFound = 53,
     PermissionDenied = 70,

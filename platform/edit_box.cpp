@@ -127,6 +127,12 @@ void EditBox::Height(Twips height) {
     geometryChanged();
 }
 
+void EditBox::MousePointer(Pointer pointer) {
+    pointer_ = pointer;
+    if (observer_ != nullptr)
+        observer_->pointerChanged();
+}
+
 void EditBox::load(GapBuffer text) {
     exchangeText(text);
     history_.clear();

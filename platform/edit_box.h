@@ -6,6 +6,7 @@
 #include "base/twips.h"
 #include "platform/caret_moves.h"
 #include "platform/line_layout.h"
+#include "platform/pointer.h"
 #include "platform/undo_history.h"
 
 #include <cstdint>
@@ -50,6 +51,7 @@ class EditBoxObserver {
     virtual void selectionChanged() = 0;
     virtual void fontChanged() = 0;
     virtual void geometryChanged() = 0;
+    virtual void pointerChanged() = 0;
 };
 
 /// A multi-line text box for 8-bit glyph codes in one font. The text is everything between the
@@ -108,6 +110,10 @@ class EditBox {
     void Top(Twips top);
     void Width(Twips width);
     void Height(Twips height);
+
+    /// The mouse pointer over the box.
+    Pointer MousePointer() const { return pointer_; }
+    void MousePointer(Pointer pointer);
 
     /// Takes over a whole new document: caret at 0, no undo back beyond it.
     void load(GapBuffer text);
@@ -195,6 +201,7 @@ class EditBox {
     LineLayout lines_;
     BoxFont font_;
     Twips left_, top_, width_, height_;
+    Pointer pointer_ = Pointer::Default;
     Position pageLines_ = 1;
     std::optional<Advance> goalX_;        // where vertical moves aim, once they have begun
     std::optional<Selection> stepBefore_; // while a `OneStep` lives: the selection at its start

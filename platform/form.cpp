@@ -7,6 +7,18 @@
 
 namespace quillet {
 
+void Control::Caption(std::string caption) {
+    caption_ = std::move(caption);
+    if (Changed)
+        Changed();
+}
+
+void Control::Text(GlyphString text) {
+    text_ = std::move(text);
+    if (Changed)
+        Changed();
+}
+
 void Control::click() {
     const auto handler = Click; // a copy, because the handler may end this control
     if (handler)

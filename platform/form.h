@@ -1,6 +1,7 @@
 // Windows as data: a design table and a life, without a toolkit.
 #pragma once
 
+#include "base/glyph_string.h"
 #include "base/twips.h"
 
 #include <cstdint>
@@ -14,7 +15,7 @@ namespace quillet {
 
 class FormHost;
 
-enum class ControlKind { Label, Button, Picture, DropDownList };
+enum class ControlKind { Label, Button, Picture, DropDownList, TextBox, Timer };
 
 /// The font of a control; without a family, the desktop's own font and size.
 struct ControlFont {
@@ -27,13 +28,19 @@ struct ControlFont {
 struct ControlDesign {
     ControlKind kind;
     const char* name;
-    const char* caption; // "&" marks the access key of a button; a picture's is its image key
-    Twips left, top, width, height;
+    const char* caption = ""; // "&" marks an access key; a picture's is its image key
+    Twips left = {}, top = {}, width = {}, height = {};
     ControlFont font = {};
+    int interval = 0; // of a timer, in milliseconds; it runs while the form is visible
 };
 
 /// How a window opens, and what its frame offers.
-enum class FormFrame { Maximized, Fixed };
+enum class FormFrame {
+    Maximized, // an ordinary window that fills the screen
+    Sizable,   // an ordinary window, placed by the desktop
+    Fixed,     // a dialog in the middle of the screen
+    Splash,    // a dialog there without a title, buttons or an entry in the task bar
+};
 
 struct FormDesign {
     const char* name;
@@ -46,19 +53,28 @@ struct FormDesign {
 /// A control of a loaded form.
 class Control {
   public:
-    explicit Control(const ControlDesign& design) : design_(&design) {}
+    explicit Control(const ControlDesign& design) : design_(&design), caption_(design.caption) {}
 
     const ControlDesign& design() const { return *design_; }
 
     /// The text of a label or button, or what a drop-down list shows while no entry is chosen.
-    std::string Caption() const { return design_->caption; }
+    const std::string& Caption() const { return caption_; }
+    void Caption(std::string caption);
+
+    /// What stands in a text box: glyph codes, one byte each and not UTF-8.
+    const GlyphString& Text() const { return text_; }
+    void Text(GlyphString text);
 
     /// The entries of a drop-down list, and the place of the chosen one (-1: none).
     std::vector<std::string> List;
     int ListIndex = -1;
 
-    /// Run when the user clicks the control or chooses an entry, also the one already shown.
+    /// Run when the user clicks the control or chooses an entry, also the one already shown, and
+    /// at every tick of a timer.
     std::function<void()> Click;
+
+    /// Run when caption or text have changed; for the window that shows the control.
+    std::function<void()> Changed;
 
     /// The user clicks the control, or chooses entry `index` of a drop-down list. The handler may
     /// unload the form, and with it this control.
@@ -67,6 +83,8 @@ class Control {
 
   private:
     const ControlDesign* design_;
+    std::string caption_;
+    GlyphString text_;
 };
 
 /// A window. It is not loaded at first; loading makes its controls anew and runs `Form_Load`, and

@@ -208,6 +208,11 @@ void EditView::fontChanged() {
     viewport()->update();
 }
 
+void EditView::pointerChanged() {
+    const bool waits = box_.MousePointer() == Pointer::Hourglass;
+    viewport()->setCursor(waits ? Qt::WaitCursor : Qt::IBeamCursor);
+}
+
 void EditView::takePlace() {
     setGeometry(QtScreen::pixels(box_.Left()), QtScreen::pixels(box_.Top()),
                 QtScreen::pixels(box_.Width()), QtScreen::pixels(box_.Height()));

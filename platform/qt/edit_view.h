@@ -58,6 +58,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void selectionChanged() override;
     void fontChanged() override;
     void geometryChanged() override { takePlace(); }
+    void pointerChanged() override;
 
     void takePlace();
     void paint(const QRect& area);

@@ -1,0 +1,11 @@
+// The program's deliberate 16-bit limits.
+#pragma once
+
+#include <cstdint>
+
+namespace quillet {
+
+/// `value` as a signed 16-bit number; beyond 32,767 or below -32,768 it fails with `Overflow`.
+std::int16_t toInt16(std::int64_t value);
+
+} // namespace quillet
