@@ -30,6 +30,7 @@ struct MainState : Form {
     std::string NameofFile;   // full path, kept by New and Close
     std::string FontUsed;     // the font chosen last
     std::string keyboard = inscriptMode;
+    GlyphString memory_box; // the private text memory
 
     // The input engine's own.
     bool Control_key_pressed = false;          // Ctrl held at a key-down, no key-up since

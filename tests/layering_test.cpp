@@ -21,8 +21,9 @@ const std::map<std::string, std::vector<std::string>> below = {
     {"platform", {"base"}},
     {"platform/posix", {"base", "platform"}},
     {"engine", {"base", "platform"}},
-    {"window", {"base", "platform", "engine"}},
-    {"platform/qt", {"base", "platform", "platform/posix", "engine", "window"}},
+    {"search", {"base", "platform"}},
+    {"window", {"base", "platform", "engine", "search"}},
+    {"platform/qt", {"base", "platform", "platform/posix", "engine", "search", "window"}},
 };
 
 const fs::path root = QUILLET_SOURCE_DIR;

@@ -3,6 +3,7 @@
 #include "tests/test_window.h"
 #include "window/box_keyboard.h"
 #include "window/context_menu.h"
+#include "window/frm_splash.h"
 #include "window/image_list.h"
 #include "window/menu_table.h"
 #include "window/toolbar_table.h"
@@ -25,7 +26,12 @@ std::string look(const TestWindow& form) {
                        std::to_string(box.SelLength()) + "|" + form.keyboard + "|" +
                        desktop.clipboard + "|";
     look += std::string(box.FontBold() ? "B" : "") + (box.FontItalic() ? "I" : "") +
-            (box.FontUnderline() ? "U" : "") + "|" + form.Caption();
+            (box.FontUnderline() ? "U" : "");
+    if (form.FontUsed != krutiDev010 || box.FontName() != krutiDev010)
+        look += form.FontUsed == box.FontName() ? form.FontUsed : "two fonts";
+    if (box.FontSize() != 15.75)
+        look += std::to_string(static_cast<int>(box.FontSize()));
+    look += (form.memory_box != "MEM" ? "=" + form.memory_box : "") + "|" + form.Caption();
     for (const auto* calls : {&desktop.calls, &desktop.forms.calls})
         for (const std::string& call : *calls)
             look += "|" + call;
@@ -132,6 +138,25 @@ const std::map<std::string, std::string> effects = {
     {"mnuClearAll", "|0+0|Inscript|Q||T"},
     {"mnuInscript", "abc|1+1|Inscript|Q||T"},
     {"mnuNormal", "abc|1+1|Normal|Q||T"},
+    {"mnuFind", "abc|1+1|Inscript|Q||T|show frmFind"},
+    {"mnuReplace", "abc|1+1|Inscript|Q||T|show frmReplace"},
+    {"mnuArial", "abc|1+1|Normal|Q|Arial|T"},
+    {"mnuKruti10", "abc|1+1|Inscript|Q||T"},
+    {"mnuKruti20", "abc|1+1|Inscript|Q|Kruti Dev 020|T"},
+    {"mnuFontUsed", "abc|1+1|Inscript|Q||T|ask Font currently being used is: Kruti Dev 010 [OK] "
+                    "Quillet: Font Info"},
+    {"mnuKeyboardUsed", "abc|1+1|Inscript|Q||T|ask Keyboard currently being used is: Inscript [OK] "
+                        "Quillet: Keyboard Info"},
+    {"mnuWords", "abc|1+1|Inscript|Q||T|ask Number of words in the file are: 1 [OK] "
+                 "Quillet: Word Count"},
+    {"mnuCharacters", "abc|1+1|Inscript|Q||T|ask Number of characters in the file are: 3 [OK] "
+                      "Quillet: Character Count"},
+    {"mnuSentences", "abc|1+1|Inscript|Q||T|ask Number of sentences in the file are: 1 [OK] "
+                     "Quillet: Line Count"},
+    {"mnuAddMemory", "abc|1+1|Inscript|Q|=abc|T"},
+    {"mnuAppendMemory", "abc|1+1|Inscript|Q|=MEM\r\nabc|T"},
+    {"mnuPasteFromMemory", "abc\r\nMEM|0+0|Inscript|Q||T"},
+    {"mnuEmptyMemory", "abc|1+1|Inscript|Q|=|T"},
     {"mnuAbout", "abc|1+1|Inscript|Q||T|show frmAbout"},
     {"Bold", "abc|1+1|Inscript|Q|B|T"},
     {"Italic", "abc|1+1|Inscript|Q|I|T"},
@@ -150,6 +175,13 @@ const std::map<std::string, std::string> sameAs = {
     {"Copy", "mnuCopy"},
     {"Paste", "mnuPaste"},
     {"ClearAll", "mnuClearAll"},
+    {"Sentences", "mnuSentences"},
+    {"Characters", "mnuCharacters"},
+    {"Words", "mnuWords"},
+    {"AddMemory", "mnuAddMemory"},
+    {"AppendMemory", "mnuAppendMemory"},
+    {"PasteFromMemory", "mnuPasteFromMemory"},
+    {"EmptyMemory", "mnuEmptyMemory"},
     {"KeyboardNew", "mnuInscript"},
     {"KeyboardOld", "mnuNormal"},
     {"Cu&t", "mnuCut"},
@@ -157,6 +189,8 @@ const std::map<std::string, std::string> sameAs = {
     {"&Paste", "mnuPaste"},
     {"Select &All", "mnuSelectAll"},
 };
+
+constexpr std::string_view sizeName = "mnuFontSize"; // and behind it the size
 
 void expectEffect(const std::string& name, const std::function<void(frmQuillet&)>& run) {
     SCOPED_TRACE(name);
@@ -169,15 +203,17 @@ void expectEffect(const std::string& name, const std::function<void(frmQuillet&)
     form.txtMain.undo();
     form.txtMain.select({1, 2});
     form.textboxused = true;
+    form.memory_box = "MEM";
     desktop.answers = {Answer::Cancel};
     desktop.clipboard = "Q";
     desktop.forms.calls.clear();
-    const std::string before = look(form);
     run(form);
     std::erase(desktop.forms.calls, "caption frmQuillet");
     const auto alias = sameAs.find(name);
     const auto effect = effects.find(alias == sameAs.end() ? name : alias->second);
-    EXPECT_EQ(look(form), effect == effects.end() ? before : effect->second);
+    const std::string size = name.starts_with(sizeName) ? name.substr(sizeName.size()) : "";
+    const std::string unchanged = "abc|1+1|Inscript|Q|" + size + "|T";
+    EXPECT_EQ(look(form), effect == effects.end() ? unchanged : effect->second);
 }
 
 TEST(WindowTables, EveryRowReachesItsHandler) {
@@ -191,10 +227,12 @@ TEST(WindowTables, EveryRowReachesItsHandler) {
         walk(row, row.name);
     for (const ContextRow& row : contextMenu())
         walk(row, row.caption);
-    for (const char* key :
-         {"New", "Open", "Save", "Print", "Cut", "Copy", "Paste", "Bold", "Italic", "Underline",
-          "ClearAll", "KeyboardOld", "KeyboardNew", "Convert", "save", "", "Nothing"})
+    for (const char* key : {"Bold", "Italic", "Underline", "Convert", "save", "", "Nothing"})
         expectEffect(key, [&](frmQuillet& form) { form.Toolbar1_ButtonClick(key); });
+    for (const ToolbarButton& button : toolbarButtons())
+        if (!button.isSeparator())
+            expectEffect(button.key,
+                         [&](frmQuillet& form) { form.Toolbar1_ButtonClick(button.key); });
 }
 
 TEST_F(Window, TheToolbarSkipsAFailureThatTheMenuDoesNot) {
@@ -234,7 +272,7 @@ TEST_F(Window, KeysGoToTheBoxOrToTheMenu) {
         {"a second glyph comes at the release", "+E-E", "vkabc", true, false},
         {"a held key repeats, its second glyph does not", "+E+E+E-E", "vvvkabc", true, false},
         {"a menu shortcut raises no key-press", "+C+d-d-C", "abc", false, false},
-        {"nor does an inert one", "+C+f-f-C", "abc", false, false},
+        {"nor does an inert one", "+C+p-p-C", "abc", false, false},
         {"a command on the box's text does", "+C+l-l-C", "", true, false},
         {"a combination that commands nothing does too", "+C+q-q-C", "abc", true, false},
         {"Ctrl held on sets its mark again", "+C+l-l+q", "", true, true},
@@ -289,6 +327,57 @@ TEST_F(Window, AKeyThatChoseFromAMenuRaisesNothing) {
     keyboard.focusGained(FocusFrom::Elsewhere);
     keyboard.release({.scanCode = 33, .keyCode = 'P', .character = {}});
     EXPECT_EQ(form.txtMain.Text(), "D");
+}
+
+TEST_F(Window, FontsSetTheKeyboardAndKeepSizeAndStyle) {
+    form.toggleBold();
+    form.mnuFontSize40_Click();
+    form.mnuNormal_Click();
+    form.mnuKruti20_Click();
+    EXPECT_EQ(form.FontUsed + form.keyboard, "Kruti Dev 020Inscript");
+    EXPECT_TRUE(form.txtMain.FontBold() && form.txtMain.FontSize() == 40);
+    form.mnuArial_Click();
+    form.mnuNew_Click();
+    EXPECT_EQ(form.FontUsed + form.txtMain.FontName() + form.keyboard, "ArialArialNormal");
+}
+
+TEST_F(Window, TheMemoryTakesAndGivesWholeTexts) {
+    form.txtMain.SelLength(1);
+    form.mnuAddMemory_Click();
+    form.mnuClearAll_Click();
+    form.mnuPasteFromMemory_Click();
+    EXPECT_EQ(form.txtMain.Text(), "abc");
+    form.mnuEmptyMemory_Click();
+    form.mnuAppendMemory_Click();
+    form.mnuAppendMemory_Click();
+    EXPECT_EQ(form.memory_box, "abc\r\nabc");
+    form.mnuClearAll_Click();
+    form.mnuAppendMemory_Click();
+    EXPECT_EQ(form.memory_box, "abc\r\nabc\r\n");
+    form.txtMain.undo();
+    EXPECT_EQ(form.txtMain.Text(), "abc") << "Clear All is one step";
+    form.mnuEmptyMemory_Click();
+    form.mnuPasteFromMemory_Click();
+    EXPECT_EQ(form.txtMain.Text(), "abc\r\n");
+    form.txtMain.undo();
+    EXPECT_EQ(form.txtMain.Text(), "abc");
+    EXPECT_FALSE(form.textboxused);
+}
+
+TEST_F(Window, TheSplashGivesWayAtItsSixthTick) {
+    form.unload();
+    frmSplash splash(desktop.forms, form);
+    splash.show();
+    desktop.forms.calls.clear();
+    Control& timer = splash.control("Timer1");
+    EXPECT_EQ(timer.design().interval, 1000);
+    splash.control("Image1").click();
+    for (int tick = 1; tick <= 5; ++tick)
+        timer.click();
+    EXPECT_TRUE(desktop.forms.calls.empty());
+    timer.click();
+    using Calls = std::vector<std::string>;
+    EXPECT_EQ(desktop.forms.calls, (Calls{"show frmQuillet", "hide frmSplash"}));
 }
 
 TEST_F(Window, AboutShowsItsTextsAndCloses) {

@@ -24,9 +24,13 @@ frmQuillet::frmQuillet(const Desktop& desktop)
       InputEngine(*this, desktop.forms),
       DocumentFiles(*this, desktop),
       EditCommands(*this, desktop),
-      LookCommands(static_cast<MainState&>(*this)), // a plain *this would mean to copy
+      MemoryCommands(static_cast<MainState&>(*this)), // a plain *this would mean to copy
+      LookCommands(*this, desktop.messageBox),
+      Counting(*this, desktop.messageBox),
       screen_(desktop.screen),
       messageBox_(desktop.messageBox),
+      find_(desktop.forms, desktop.messageBox, txtMain),
+      replace_(desktop.forms, txtMain),
       about_(desktop.forms) {
     txtMain.KeyDown = [this](auto KeyCode, auto Shift) { txtMain_KeyDown(KeyCode, Shift); };
     txtMain.KeyPress = [this](auto& KeyAscii) { txtMain_KeyPress(KeyAscii); };

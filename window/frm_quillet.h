@@ -4,10 +4,14 @@
 #include "engine/input_engine.h"
 #include "platform/desktop.h"
 #include "platform/main_state.h"
+#include "search/counting.h"
+#include "search/frm_find.h"
+#include "search/frm_replace.h"
 #include "window/document_files.h"
 #include "window/edit_commands.h"
 #include "window/frm_about.h"
 #include "window/look_commands.h"
+#include "window/memory_commands.h"
 
 #include <string_view>
 
@@ -20,7 +24,9 @@ class frmQuillet : public MainState,
                    public InputEngine,
                    public DocumentFiles,
                    public EditCommands,
-                   public LookCommands {
+                   public MemoryCommands,
+                   public LookCommands,
+                   public Counting {
   public:
     explicit frmQuillet(const Desktop& desktop);
 
@@ -28,8 +34,13 @@ class frmQuillet : public MainState,
     /// unknown key does nothing. A command that fails ends silently.
     void Toolbar1_ButtonClick(std::string_view Key);
 
-    /// Shows the About window, or brings it forward.
+    /// Show a window, or bring it forward as it is.
+    void mnuFind_Click() { find_.show(); }
+    void mnuReplace_Click() { replace_.show(); }
     void mnuAbout_Click() { about_.show(); }
+
+    frmFind& findWindow() { return find_; }
+    frmReplace& replaceWindow() { return replace_; }
 
   protected:
     void Form_Load() override;
@@ -43,6 +54,8 @@ class frmQuillet : public MainState,
 
     Screen& screen_;
     MessageBox& messageBox_;
+    frmFind find_;
+    frmReplace replace_;
     frmAbout about_;
 };
 

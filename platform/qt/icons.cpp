@@ -83,6 +83,25 @@ QPixmap drawTile(const Tile& tile, int size) {
     return pixmap;
 }
 
+QPixmap drawSplash(QSize size) {
+    const double ratio = qGuiApp->devicePixelRatio();
+    QPixmap pixmap(size * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::white);
+    QPainter painter(&pixmap);
+    const int tileSize = size.height() / 3;
+    painter.drawPixmap((size.width() - tileSize) / 2, tileSize / 2,
+                       drawTile(productTile, tileSize));
+    QFont font;
+    font.setPixelSize(size.height() / 6);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(QColor::fromRgba(fileColor));
+    const QRect below(0, tileSize * 3 / 2, size.width(), size.height() - tileSize * 3 / 2);
+    painter.drawText(below, Qt::AlignCenter, QStringLiteral("Quillet"));
+    return pixmap;
+}
+
 QIcon tileIcon(const Tile& tile) {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64})
@@ -102,8 +121,10 @@ QIcon productIcon() {
     return tileIcon(productTile);
 }
 
-QPixmap picture(std::string_view key, int size) {
-    return key == productTile.key ? drawTile(productTile, size) : QPixmap();
+QPixmap picture(std::string_view key, QSize size) {
+    if (key == "Splash")
+        return drawSplash(size);
+    return key == productTile.key ? drawTile(productTile, size.height()) : QPixmap();
 }
 
 } // namespace quillet

@@ -15,7 +15,7 @@ QIcon toolbarIcon(std::string_view key);
 /// The icon of the product.
 QIcon productIcon();
 
-/// The picture called `key`, `size` logical pixels wide and high.
-QPixmap picture(std::string_view key, int size);
+/// The picture called `key`, for an area of so many logical pixels.
+QPixmap picture(std::string_view key, QSize size);
 
 } // namespace quillet

@@ -7,6 +7,7 @@
 #include "platform/qt/qt_services.h"
 #include "platform/qt/x11_keyboard.h"
 #include "window/frm_quillet.h"
+#include "window/frm_splash.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -48,7 +49,8 @@ int main(int /*argc*/, char** argv) {
     PosixFiles files;
     QtForms forms;
     frmQuillet form({messageBox, fileChooser, files, clipboard, screen, forms});
-    enter([&form] { form.show(); });
+    frmSplash splash(forms, form);
+    enter([&splash] { splash.show(); });
     const int exitCode = runEvents();
     forms.dropWindows();
     return exitCode;

@@ -1,0 +1,188 @@
+// Find and Replace: the search itself, and the windows' lives.
+#include "search/text_search.h"
+#include "tests/test_window.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+namespace quillet {
+namespace {
+
+GlyphString textOf(const GapBuffer& buffer) {
+    return buffer.copy(0, buffer.size());
+}
+
+TEST(TextSearch, AgreesWithAPlainStringWhereverTheGapIs) {
+    std::mt19937 random(5);
+    const auto below = [&](std::size_t limit) { return random() % (limit + 1); };
+    const auto word = [&](std::size_t atMost) {
+        GlyphString text(below(atMost), 'a');
+        for (char& glyph : text)
+            glyph = "ab\xFF"[random() % 3];
+        return text;
+    };
+    for (int round = 0; round < 20'000; ++round) {
+        const GlyphString text = word(30);
+        const GlyphString what = word(4) + 'a';
+        const GlyphString with = word(4);
+        GapBuffer buffer(text);
+        buffer.moveGap(below(text.size()));
+        const std::size_t from = below(text.size());
+        const std::size_t expected = text.find(what, from);
+        const auto found = findText(buffer.spans(), static_cast<Position>(from), what);
+        ASSERT_EQ(found.has_value(), expected != GlyphString::npos) << "round " << round;
+        ASSERT_TRUE(!found || *found == static_cast<Position>(expected)) << "round " << round;
+
+        GlyphString replaced = text;
+        for (std::size_t at = 0; (at = replaced.find(what, at)) != GlyphString::npos;) {
+            replaced.replace(at, what.size(), with);
+            at += with.size();
+        }
+        ASSERT_EQ(textOf(replaceAll(buffer.spans(), what, with)), replaced) << "round " << round;
+        ASSERT_EQ(textOf(replaceAll(buffer.spans(), "", with)), text);
+    }
+}
+
+struct Search : testing::Test {
+    TestWindow form;
+    EditBox& box = form.txtMain;
+    frmFind& find = form.findWindow();
+    frmReplace& replace = form.replaceWindow();
+    std::vector<std::string>& asked = form.desktop.calls;
+
+    void SetUp() override {
+        form.mnuFind_Click();
+        form.mnuReplace_Click();
+    }
+
+    // A click on Find, and what it leaves: the text with its selection, the place of the next
+    // search, the caption of the button and whether the window is there.
+    std::string click() {
+        asked.clear();
+        find.control("cmdfind").click();
+        return marked(box) + " " + std::to_string(find.position) + " '" +
+               find.control("cmdfind").Caption() + "'" + (find.isVisible() ? "" : " hidden") +
+               (asked.empty() ? "" : " " + asked.back());
+    }
+
+    void lookFor(const char* text, const char* what) {
+        box.Text(text);
+        form.mnuFind_Click();
+        find.control("txtfind").Text(what);
+    }
+};
+
+constexpr const char* noMore =
+    " 1 'Find Next' hidden ask No further matches found. [OK] Quillet: Find Next";
+
+TEST_F(Search, FindSelectsMatchAfterMatchAndThenGoes) {
+    lookFor("ababab", "ab");
+    EXPECT_EQ(click(), "|ab|abab 3 'Find Next'");
+    EXPECT_EQ(click(), "ab|ab|ab 5 'Find Next'");
+    EXPECT_EQ(click(), "abab|ab| 7 'Find Next'");
+    EXPECT_EQ(click(), "abab|ab|" + std::string(noMore));
+    EXPECT_EQ(find.control("txtfind").Text(), "") << "loaded anew";
+    EXPECT_TRUE(find.clicked);
+
+    lookFor("aaa", "aa");
+    EXPECT_EQ(find.control("cmdfind").Caption(), "Find Next");
+    EXPECT_EQ(click(), "|aa|a 3 'Find Next'");
+    box.Text("aaaaa");
+    EXPECT_EQ(click(), "aa|aa|a 5 'Find Next'") << "the place stays when the text changes";
+    box.Text("aa");
+    EXPECT_EQ(click(), "|aa" + std::string(noMore));
+
+    find.control("cmdcancel").click();
+    lookFor("aA", "A");
+    EXPECT_EQ(find.control("cmdfind").Caption(), "&Find ");
+    EXPECT_EQ(click(), "a|A| 3 'Find Next'");
+    form.mnuFind_Click();
+    EXPECT_EQ(find.position, 3) << "showing it again changes nothing";
+    find.close();
+    form.mnuFind_Click();
+    EXPECT_EQ(find.position, 1);
+}
+
+TEST_F(Search, FindsTheEmptyTextWhereItStands) {
+    lookFor("ab", "");
+    box.SelStart(2);
+    EXPECT_EQ(click(), "|ab 1 'Find Next'");
+    EXPECT_EQ(click(), "|ab 1 'Find Next'");
+    lookFor("ab", "ab");
+    EXPECT_EQ(click(), "|ab| 3 'Find Next'");
+    find.control("txtfind").Text("");
+    EXPECT_EQ(click(), "|ab|" + std::string(noMore));
+    lookFor("", "");
+    EXPECT_EQ(click(), "|" + std::string(noMore));
+}
+
+TEST_F(Search, APlaceBeyond16BitsFailsWithTheMatchSelected) {
+    lookFor("", "ab");
+    for (const Position at : {32'764, 32'765}) {
+        box.Text(GlyphString(at, 'x') + "ab");
+        find.position = 1;
+        find.control("txtfind").Text("ab");
+        click();
+        EXPECT_EQ(box.SelStart(), at);
+        EXPECT_EQ(box.SelLength(), 2);
+        EXPECT_EQ(find.isVisible(), at == 32'764);
+    }
+}
+
+TEST_F(Search, ReplaceAllAssignsTheWholeText) {
+    const struct {
+        const char *text, *what, *with, *result;
+    } rows[] = {
+        {"aaa", "aa", "b", "|ba"}, {"aa", "a", "aa", "|aaaa"},    {"abc", "", "x", "|abc"},
+        {"abc", "B", "x", "|abc"}, {"a\r\nb", "\r\n", "", "|ab"}, {"", "a", "b", "|"},
+    };
+    for (const auto& row : rows) {
+        place(box, row.text + std::string("|"));
+        replace.control("txtwhat").Text(row.what);
+        replace.control("txtreplace").Text(row.with);
+        replace.control("cmdreplaceall").click();
+        EXPECT_EQ(marked(box), row.result);
+        if (box.Text() != row.text)
+            box.undo();
+        EXPECT_EQ(box.Text(), row.text);
+    }
+    EXPECT_TRUE(replace.isVisible() && !form.textboxused && asked.empty());
+    replace.control("cmdcancel").click();
+    form.mnuReplace_Click();
+    EXPECT_EQ(replace.control("txtwhat").Text(), "");
+}
+
+TEST_F(Search, TheMainWindowMayCloseBefore) {
+    box.Text("ab");
+    find.control("txtfind").Text("b");
+    form.close();
+    EXPECT_EQ(click(), "a|b| 3 'Find Next'");
+}
+
+TEST_F(Search, WindowsReadAsDesigned) {
+    std::string text;
+    for (Form* window : {static_cast<Form*>(&find), static_cast<Form*>(&replace)}) {
+        const FormDesign& design = window->design();
+        text += std::string(design.caption) + " " + std::to_string(int(design.width.value)) + "x" +
+                std::to_string(int(design.height.value));
+        for (const Control& control : window->controls()) {
+            const ControlDesign& row = control.design();
+            text += std::string("|") + row.name + ":" + row.caption + "@";
+            for (const Twips length : {row.left, row.top, row.width, row.height})
+                text += std::to_string(int(length.value)) + ",";
+        }
+        text += "\n";
+    }
+    EXPECT_EQ(text, "Quillet: Find 5730x1380|cmdcancel:&Cancel@4200,840,1095,375,|cmdfind:&Find "
+                    "@4200,240,1095,375,|txtfind:@1080,240,2895,405,|Label1:Find What@240,240,735,"
+                    "195,\n"
+                    "Quilet: Replace 5550x1335|cmdcancel:Cancel@4080,720,1095,375,|cmdreplaceall:"
+                    "Replace &All@4080,240,1095,375,|txtreplace:@1320,720,2535,405,|txtwhat:@1320,"
+                    "240,2535,405,|Label2:Re&place with:@240,720,975,195,|Label1:Fi&nd what:@240,"
+                    "240,735,195,\n");
+}
+
+} // namespace
+} // namespace quillet
