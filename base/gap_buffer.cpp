@@ -1,8 +1,10 @@
 #include "base/gap_buffer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <new>
+#include <sys/mman.h>
 #include <utility>
 
 namespace quillet {
@@ -14,6 +16,21 @@ constexpr std::size_t growthShare = 16; // a full gap grows by 1/16 of the text
 void moveBytes(char* to, const char* from, std::size_t count) {
     if (count != 0)
         std::memmove(to, from, count);
+}
+
+// Asks the system for all pages of a large room at once; one by one, at their first use, they
+// take longer. Where it cannot do that, they come then.
+void populate(char* room, std::size_t count) {
+#ifdef MADV_POPULATE_WRITE
+    constexpr std::size_t pageSize = 4096;
+    constexpr std::size_t worthwhile = 64 * pageSize;
+    const std::size_t before = pageSize - reinterpret_cast<std::uintptr_t>(room) % pageSize;
+    if (count >= worthwhile)
+        static_cast<void>(::madvise(room + before, count - before, MADV_POPULATE_WRITE));
+#else
+    static_cast<void>(room);
+    static_cast<void>(count);
+#endif
 }
 
 } // namespace
@@ -96,6 +113,7 @@ void GapBuffer::moveGap(std::size_t at) {
 char* GapBuffer::prepareAppend(std::size_t count) {
     moveGap(size());
     ensureGap(count);
+    populate(bytes_.get() + gapStart_, count);
     return bytes_.get() + gapStart_;
 }
 

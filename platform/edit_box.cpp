@@ -246,9 +246,20 @@ bool EditBox::catchUp() {
     return settled;
 }
 
+Position EditBox::lineOf(Position at) {
+    wrapTo(at);
+    return lines_.lineOf(at);
+}
+
 GlyphString EditBox::lineText(Position line) const {
     const Position start = lines_.lineStart(line);
-    return text_.copy(start, lines_.lineStart(line + 1) - start);
+    return text_.copy(start, std::min(lines_.lineStart(line + 1) - start, maxLineLength));
+}
+
+void EditBox::wrapTo(Position at) {
+    const LineChange change = lines_.wrapTo(text_, at);
+    if (observer_ != nullptr && change.after != change.before)
+        observer_->linesChanged(change);
 }
 
 void EditBox::needRoom(GlyphView inserted, Position removed) const {
@@ -319,6 +330,7 @@ void EditBox::select(const Selection& selection) {
     goalX_.reset();
     if (selection == selection_)
         return;
+    wrapTo(selection.end());
     selection_ = selection;
     if (observer_ != nullptr)
         observer_->selectionChanged();

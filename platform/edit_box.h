@@ -168,14 +168,15 @@ class EditBox {
     void setPageLines(Position lines) { pageLines_ = lines; }
 
     /// What can wait until no key does: brings the text's storage to the caret, so that the next
-    /// key there costs little, and goes on wrapping what a change has left. True while there is
+    /// key there costs little, and goes on wrapping what was left. True while there is
     /// more to do.
     bool catchUp();
 
+    Position lineOf(Position at);
     Position caretLine() const { return lines_.lineOf(selection_.caret); }
     Advance xOf(Position at) const { return lines_.xOf(text_, at); }
     Position placeAt(Position line, Advance x) const { return lines_.placeAt(text_, line, x); }
-    GlyphString lineText(Position line) const;
+    GlyphString lineText(Position line) const; // at most `maxLineLength` glyphs of it
 
     void setObserver(EditBoxObserver* observer) { observer_ = observer; }
 
@@ -185,6 +186,7 @@ class EditBox {
 
     void needRoom(GlyphView inserted, Position removed) const;
     void exchangeText(GapBuffer& other);
+    void wrapTo(Position at);
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
     void apply(Position at, GlyphView removed, GlyphView inserted);
     void record(TextEdit edit, const Selection& before, const Selection& after);

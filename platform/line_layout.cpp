@@ -92,21 +92,10 @@ void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
     other.steps_ = metrics.advances;
     for (const char glyph : {'\r', '\n', '\t'})
         other.steps_[glyphCode(glyph)] = looksAt;
-    other.wrapAll(text);
+    other.size_ = static_cast<Position>(text.size());
+    other.hasRest_ = true;
+    other.settle(text);
     *this = std::move(other);
-}
-
-void LineLayout::wrapAll(const GapBuffer& text) {
-    std::vector<Position> starts = {0};
-    while (const auto next = nextStart(text, starts.back())) {
-        if (starts.size() == static_cast<std::size_t>(maxTextLength))
-            throw std::bad_alloc(); // more lines than can be counted
-        starts.push_back(*next);
-    }
-    head_ = std::move(starts);
-    tail_.clear();
-    joins_.clear();
-    size_ = static_cast<Position>(text.size());
 }
 
 LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position inserted) {
@@ -124,9 +113,16 @@ LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position ins
 }
 
 LineChange LineLayout::settle(const GapBuffer& text) {
-    if (isSettled())
-        return {};
-    return rewrap(text, lineOf(joins_.front()) - 1, 0, joins_);
+    if (!joins_.empty())
+        return rewrap(text, lineOf(joins_.front()) - 1, 0, joins_);
+    return hasRest_ ? rewrap(text, lineCount() - 1, 0, {}) : LineChange{};
+}
+
+LineChange LineLayout::wrapTo(const GapBuffer& text, Position at) {
+    const Position rest = lineCount() - 1;
+    while (hasRest_ && at >= lineStart(lineCount() - 1))
+        rewrap(text, lineCount() - 1, 0, joins_);
+    return {.first = rest, .before = 1, .after = lineCount() - rest};
 }
 
 // Wraps from line `first` on, at least to `changeEnd`. `joins` are those of the new text.
@@ -164,9 +160,13 @@ LineChange LineLayout::rewrap(const GapBuffer& text, Position first, Position ch
             joins.insert(place, join);
     }
 
+    if (head_.size() + starts.size() > static_cast<std::size_t>(maxTextLength) - kept)
+        throw std::bad_alloc(); // more lines than can be counted
+
     head_.insert(head_.end(), starts.begin(), starts.end());
     tail_.resize(kept); // from here on nothing can fail
     joins_ = std::move(joins);
+    hasRest_ = hasRest_ && next;
     size_ = size;
     const auto after = static_cast<Position>(head_.size()) - first;
     return {.first = first, .before = linesBefore - lineCount() + after, .after = after};

@@ -48,11 +48,11 @@ class LineLayout {
     /// `wrappedAtOnce` is how far one change is followed, in glyphs.
     explicit LineLayout(Position wrappedAtOnce = 1 << 18) : wrappedAtOnce_(wrappedAtOnce) {}
 
+    /// Wrap a whole text anew, `wrappedAtOnce` glyphs of it at first. The rest is the last line
+    /// until `settle` or `wrapTo` has gone on.
     void setMetrics(const LineMetrics& metrics, const GapBuffer& text);
     const LineMetrics& metrics() const { return metrics_; }
-
-    /// Wraps the whole text.
-    void wrapAll(const GapBuffer& text);
+    void wrapAll(const GapBuffer& text) { setMetrics(metrics_, text); }
 
     /// Wraps again after what stood at `at` was replaced by `inserted` glyphs; `text` is already
     /// the new one. Goes on to the first old line start that the new wrap meets again, but no
@@ -60,10 +60,13 @@ class LineLayout {
     /// behind a line that may break too early.
     LineChange replaced(const GapBuffer& text, Position at, Position inserted);
 
-    /// Whether all lines are as a full wrap makes them. While they are not, `settle` goes on
-    /// wherever `replaced` stopped first, again through `wrappedAtOnce` glyphs.
-    bool isSettled() const { return joins_.empty(); }
+    /// Whether all lines are as a full wrap makes them. While they are not, `settle` goes on where
+    /// the wrap stopped first, again through `wrappedAtOnce` glyphs.
+    bool isSettled() const { return joins_.empty() && !hasRest_; }
     LineChange settle(const GapBuffer& text);
+
+    /// Goes on until `at` is in a line of its own, not in a rest.
+    LineChange wrapTo(const GapBuffer& text, Position at);
 
     /// Makes the next change at `at` cost nothing for the lines between it and the last one.
     void expectChange(Position at);
@@ -97,6 +100,7 @@ class LineLayout {
     Position tailStart(std::size_t fromEnd) const { return size_ - tail_[fromEnd]; }
 
     Position wrappedAtOnce_;
+    bool hasRest_ = false; // the last line is what has not been wrapped yet
     LineMetrics metrics_;
     std::array<Advance, 256> steps_{}; // advances, with a mark for glyphs the wrap looks at
     Position size_ = 0;

@@ -226,7 +226,7 @@ void EditView::wrap() {
         const Position top = box_.lines().lineStart(topLine());
         box_.setMetrics(metrics);
         updateScrollBar();
-        verticalScrollBar()->setValue(box_.lines().lineOf(top));
+        verticalScrollBar()->setValue(box_.lineOf(top));
     }
     box_.setPageLines(std::max(1, visibleLines() - 1));
     updateScrollBar();

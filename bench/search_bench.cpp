@@ -1,0 +1,131 @@
+// Counting, finding and replacing in 100 MB, beside the tools of the system on the same bytes.
+#include "bench/documents.h"
+#include "bench/memory.h"
+#include "bench/samples.h"
+#include "platform/posix/posix_files.h"
+#include "search/text_search.h"
+#include "tests/test_window.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+
+namespace quillet {
+namespace {
+
+constexpr std::size_t size = 100'000'000;
+constexpr const char* frequent = "gS"; // in every sentence
+constexpr const char* frequentForPerl = "s/gS/Fkk/g";
+
+struct Document : TestWindow {
+    Document() {
+        txtMain.load(GapBuffer(prose(size)));
+        txtMain.SelStart(txtMain.length() / 2);
+        while (txtMain.catchUp()) { // brings the gap there
+        }
+    }
+};
+
+// The best of three times in seconds, as the tool starts with a warm cache at least once.
+double secondsOf(const std::string& command) {
+    double best = 1e9;
+    for (int round = 0; round < 3; ++round) {
+        const auto start = Clock::now();
+        if (std::system(command.c_str()) != 0)
+            std::abort();
+        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
+    }
+    return best;
+}
+
+// Times `work` behind `prepare`, and shows its speed and how many times faster it is than a peer.
+template <class Prepare, class Work>
+void measure(benchmark::State& state, double peerSeconds, Prepare prepare, Work work) {
+    std::vector<double> times;
+    for (auto _ : state) {
+        prepare();
+        const auto start = Clock::now();
+        work();
+        times.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+        state.SetIterationTime(times.back());
+    }
+    const double median = quantile(times, 0.5);
+    state.counters["GB_per_s"] = static_cast<double>(size) / median / 1e9;
+    state.counters["times_the_peer"] = peerSeconds / median;
+}
+
+// A file with the document for the tools.
+class DocumentFile {
+  public:
+    DocumentFile() { PosixFiles().write(path_, std::array{GlyphView(prose(size))}); }
+    DocumentFile(const DocumentFile&) = delete;
+    DocumentFile& operator=(const DocumentFile&) = delete;
+    ~DocumentFile() { std::filesystem::remove(path_); }
+
+    const std::string& path() const { return path_; }
+
+  private:
+    std::string path_ = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
+};
+
+void countWords(benchmark::State& state) {
+    const DocumentFile file;
+    Document form;
+    measure(
+        state, secondsOf("wc -w <" + file.path() + " >/dev/null"), [] {},
+        [&] { benchmark::DoNotOptimize(form.CountWords()); });
+}
+
+void countSentences(benchmark::State& state) {
+    const DocumentFile file;
+    Document form;
+    measure(
+        state, secondsOf("wc -w <" + file.path() + " >/dev/null"), [] {},
+        [&] { benchmark::DoNotOptimize(form.CountSentences()); });
+}
+
+// Of what stands nowhere, but whose parts do.
+void findNothing(benchmark::State& state) {
+    constexpr GlyphView what = "ns'k gS B";
+    const Document form;
+    const GlyphString text = form.txtMain.Text();
+    double best = 1e9;
+    for (int round = 0; round < 5; ++round) {
+        const auto start = Clock::now();
+        benchmark::DoNotOptimize(::memmem(text.data(), text.size(), what.data(), what.size()));
+        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
+    }
+    measure(
+        state, best, [] {},
+        [&] { benchmark::DoNotOptimize(findText(form.txtMain.spans(), 0, what)); });
+}
+
+// Each time on a document of its own, as nothing that was taken back before takes up memory.
+void replaceEverywhere(benchmark::State& state) {
+    const DocumentFile file;
+    const std::string perl = std::string("perl -0777 -pe '") + frequentForPerl + "' <";
+    const double peer = secondsOf(perl + file.path() + " >/dev/null");
+    double before = 0;
+    std::optional<Document> form;
+    const auto prepare = [&] {
+        form.emplace();
+        form->mnuReplace_Click();
+        form->replaceWindow().control("txtwhat").Text(frequent);
+        form->replaceWindow().control("txtreplace").Text("Fkk");
+        resetPeak();
+        before = statusMegabytes("VmRSS:");
+    };
+    measure(state, peer, prepare, [&] { form->replaceWindow().cmdreplaceall_Click(); });
+    const double growth = statusMegabytes("VmHWM:") - before;
+    state.counters["peak_per_byte"] = 1 + growth * 1e6 / static_cast<double>(size);
+}
+
+BENCHMARK(countWords)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(countSentences)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(findNothing)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(replaceEverywhere)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+} // namespace
+} // namespace quillet
