@@ -7,6 +7,7 @@
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
 #include "tests/test_window.h"
+#include "window/frm_splash.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 namespace quillet {
@@ -128,7 +131,8 @@ struct View : ::testing::Test {
     // How many pixels have the colour of selected text's background.
     qsizetype selectedPixels() {
         const QImage now = image();
-        const QColor highlight = window.palette().color(QPalette::Highlight);
+        const auto group = window.isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+        const QColor highlight = window.palette().color(group, QPalette::Highlight);
         qsizetype count = 0;
         for (int y = 0; y < now.height(); ++y)
             for (int x = 0; x < now.width(); ++x)
@@ -161,6 +165,22 @@ TEST_F(View, PaintsTextAndSelectionAndFollowsTheCaret) {
     EXPECT_GT(selectedPixels(), 50);
 }
 
+TEST_F(View, ShowsTheSelectionWhileADialogHasTheFocus) {
+    QWidget dialog;
+    dialog.show();
+    dialog.activateWindow();
+    QApplication::processEvents();
+    ASSERT_FALSE(window.isActiveWindow());
+    form.txtMain.Text("abc abc");
+    QPalette dark(Qt::black);
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Inactive, QPalette::Highlight, Qt::darkRed);
+    window.setPalette(dark);
+    form.txtMain.select({.anchor = 4, .caret = 7});
+    EXPECT_GT(selectedPixels(), 100);
+    EXPECT_EQ(image().pixelColor(500, 300), QColor(Qt::black)) << "the desktop's colours";
+}
+
 TEST(FormWindow, ChoosesAnEntryAlsoWhenItIsTheOneShown) {
     TestWindow form;
     form.txtMain.Text("zzzz");
@@ -173,6 +193,42 @@ TEST(FormWindow, ChoosesAnEntryAlsoWhenItIsTheOneShown) {
     for (int times = 0; times < 2; ++times)
         Q_EMIT list->activated(16);
     EXPECT_EQ(form.txtMain.Text(), "z\x83") << "two for two, and then two for one again";
+}
+
+TEST(FormWindow, TextsAndCaptionsGoBothWays) {
+    TestWindow form;
+    frmFind& find = form.findWindow();
+    find.show();
+    FormWindow window(find);
+    auto* text = window.findChild<QLineEdit*>("txtfind");
+    auto* button = window.findChild<QPushButton*>("cmdfind");
+    GlyphString bytes;
+    for (int code = 1; code < 256; ++code)
+        bytes.push_back(static_cast<char>(code));
+    text->setText(displayText(bytes));
+    EXPECT_EQ(find.control("txtfind").Text(), bytes);
+    text->setText(QString::fromUtf8("aक"));
+    EXPECT_EQ(find.control("txtfind").Text(), "a?");
+    EXPECT_EQ(text->text(), "a?") << "what is shown is what is looked for";
+    form.txtMain.Text("a?a?");
+    EXPECT_EQ(button->text(), "&Find ");
+    button->click();
+    EXPECT_EQ(button->text(), "Find Next");
+    EXPECT_EQ(form.txtMain.SelText(), "a?");
+    EXPECT_GT(window.maximumWidth(), 2000) << "it can be resized";
+}
+
+TEST(FormWindow, TheSplashTicksUntilItGoes) {
+    TestWindow form;
+    frmSplash splash(form.desktop.forms, form);
+    splash.load();
+    FormWindow window(splash);
+    const auto* timer = window.findChild<QTimer*>();
+    EXPECT_EQ(timer->interval(), 1000);
+    EXPECT_TRUE(timer->isActive());
+    window.show();
+    window.hide();
+    EXPECT_FALSE(timer->isActive());
 }
 
 // The last one, for afterwards the program has ended and no event runs anything.
