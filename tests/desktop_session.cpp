@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -46,6 +47,7 @@ Process::Process(std::vector<std::string> command) : pid_(fork()) {
     for (std::string& argument : command)
         arguments.push_back(argument.data());
     arguments.push_back(nullptr);
+    prctl(PR_SET_PDEATHSIG, SIGTERM); // a test that is killed takes its processes along
     static_cast<void>(std::freopen("/dev/null", "w", stderr));
     execvp(arguments[0], arguments.data());
     _exit(127);
@@ -89,7 +91,7 @@ bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-DesktopSession::DesktopSession() {
+DesktopSession::DesktopSession(const std::function<void()>& whileStarting) {
     std::string pattern = std::filesystem::temp_directory_path() / "quillet-test-XXXXXX";
     folder_ = mkdtemp(pattern.data());
     setenv("HOME", folder_.c_str(), 1);
@@ -100,6 +102,7 @@ DesktopSession::DesktopSession() {
     if (!waitUntil([&] { return std::filesystem::exists(path("managed")); }))
         throw std::runtime_error("no window manager could be started");
     program_ = std::make_unique<Process>(std::vector<std::string>{QUILLET_PROGRAM});
+    whileStarting();
     if (!waitForTitle(startTitle))
         throw std::runtime_error("the program did not show its window");
 }
@@ -129,6 +132,11 @@ void DesktopSession::type(std::string_view characters) {
 
 void DesktopSession::send(const std::string& commands) {
     output("xdotool " + commands);
+}
+
+// The window manager takes its own keys anew then, and the focus with them for a moment.
+void DesktopSession::setLayout(const std::string& arguments) {
+    output("setxkbmap " + arguments + "; sleep 0.5");
 }
 
 std::string DesktopSession::title() {

@@ -37,7 +37,8 @@ bool waitUntil(const std::function<bool()>& condition);
 /// Xvfb, a window manager and one running program, with a folder for its files.
 class DesktopSession {
   public:
-    DesktopSession();
+    /// Waits for the main window. Meanwhile it runs `whileStarting`.
+    explicit DesktopSession(const std::function<void()>& whileStarting = [] {});
     ~DesktopSession();
     DesktopSession(const DesktopSession&) = delete;
     DesktopSession& operator=(const DesktopSession&) = delete;
@@ -50,6 +51,9 @@ class DesktopSession {
 
     /// The xdotool name of the key of a character: "45", or "shift+45".
     static std::string keyOf(char character);
+
+    /// Sets the keyboard layout by the arguments of `setxkbmap`.
+    static void setLayout(const std::string& arguments);
 
     /// The title of the window that has the focus.
     static std::string title();

@@ -89,12 +89,12 @@ TEST_F(Desktop, HeldRolledAndKeypadKeys) {
 
 TEST_F(Desktop, OtherLayoutsTypeAndCommandLikeTheUsOne) {
     for (const char* layout : {"us", "in -variant deva", "ru", "gr", "us,in -variant ,deva"}) {
-        output(std::string("setxkbmap -option '' -layout ") + layout);
+        session.setLayout(std::string("-option '' -layout ") + layout);
         clear();
         session.type("kfleyE/@#$^&?q;");
         session.send(ctrl(39)); // S
         ASSERT_TRUE(session.waitForTitle("Save As")) << layout;
-        output("setxkbmap -layout us");
+        session.setLayout("-layout us");
         const std::string name = "by-" + std::string(layout, 2) + ".qlt";
         std::filesystem::remove(session.path(name));
         session.type(session.path(name));
@@ -105,7 +105,7 @@ TEST_F(Desktop, OtherLayoutsTypeAndCommandLikeTheUsOne) {
 }
 
 TEST_F(Desktop, SwitchingTheLayoutLeavesTheTextAlone) {
-    output("setxkbmap -layout us,in -variant ,deva -option grp:alt_shift_toggle");
+    session.setLayout("-layout us,in -variant ,deva -option grp:alt_shift_toggle");
     session.type("jdkd"); // the reph is the last glyph: a rewrite now would select it all
     session.send("keydown 50 keydown 64 keyup 64 keyup 50 keydown 64 keydown 50 keyup 50 keyup 64");
     session.type("k");

@@ -329,6 +329,19 @@ TEST_F(Window, AKeyThatChoseFromAMenuRaisesNothing) {
     EXPECT_EQ(form.txtMain.Text(), "D");
 }
 
+TEST_F(Window, AReleaseReportedWhenTheFocusWentIsNotRepeated) {
+    form.txtMain.Text("dk");
+    form.txtMain.SelStart(2);
+    for (const char letter : {'C', 'f'})
+        keyboard.press(strokeOf(letter, modifier::ctrl));
+    keyboard.focusLost();
+    keyboard.release(strokeOf('f', modifier::ctrl));
+    EXPECT_EQ(form.txtMain.Text(), "dk");
+    keyboard.focusGained(FocusFrom::Elsewhere);
+    keyboard.release(strokeOf('f', 0)); // of a key that closed a dialog
+    EXPECT_EQ(form.txtMain.Text(), "fd");
+}
+
 TEST_F(Window, FontsSetTheKeyboardAndKeepSizeAndStyle) {
     form.toggleBold();
     form.mnuFontSize40_Click();

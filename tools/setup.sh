@@ -5,7 +5,8 @@
 buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-qpa-plugins libxcb-xkb-dev
     libxkbcommon-x11-dev)
 runPackages=(fonts-dejavu-core fonts-liberation)
-desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
+desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth at-spi2-core dbus-daemon
+    libatspi2.0-dev xclip)
 testPackages=(libgtest-dev libbenchmark-dev "${desktopTestPackages[@]}")
 ciPackages=(clang clang-format clang-tidy libclang-rt-14-dev git)
 

@@ -3,6 +3,7 @@
 #include "window/frm_quillet.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillet {
 
@@ -30,7 +31,7 @@ void BoxKeyboard::pressInBox(const KeyStroke& key, Command command) {
 void BoxKeyboard::release(const KeyStroke& key) {
     const auto held = findHeld(key.scanCode);
     const bool isLone = held == held_.end();
-    if (isLone && ignoresLoneReleases_)
+    if (isLone && (ignoresLoneReleases_ || isGone(key.scanCode)))
         return;
     const std::int16_t keyCode = isLone ? key.keyCode : held->keyCode;
     if (!isLone)
@@ -40,14 +41,18 @@ void BoxKeyboard::release(const KeyStroke& key) {
 
 void BoxKeyboard::focusGained(FocusFrom from) {
     ignoresLoneReleases_ = from == FocusFrom::Menu;
+    gone_.clear();
 }
 
 void BoxKeyboard::focusLost() {
-    while (!held_.empty()) {
-        const std::int16_t keyCode = held_.back().keyCode;
-        held_.pop_back();
-        form_.txtMain.keyUp(keyCode, 0);
-    }
+    gone_ = std::exchange(held_, {});
+    for (auto key = gone_.rbegin(); key != gone_.rend(); ++key)
+        form_.txtMain.keyUp(key->keyCode, 0);
+}
+
+bool BoxKeyboard::isGone(std::uint32_t scanCode) const {
+    return std::any_of(gone_.begin(), gone_.end(),
+                       [scanCode](const HeldKey& key) { return key.scanCode == scanCode; });
 }
 
 std::vector<BoxKeyboard::HeldKey>::iterator BoxKeyboard::findHeld(std::uint32_t scanCode) {

@@ -36,7 +36,8 @@ class BoxKeyboard {
     void release(const KeyStroke& key);
 
     /// The releases of all held keys will go elsewhere: reports them now, the last pressed
-    /// first, so that neither Ctrl nor a pending second glyph sticks.
+    /// first, so that neither Ctrl nor a pending second glyph sticks. Where one of them comes here
+    /// all the same, as it does with assistive programs in between, it is ignored.
     void focusLost();
 
     /// The box has the focus again. A key that chose a command in a menu raises no event here,
@@ -51,9 +52,11 @@ class BoxKeyboard {
 
     void pressInBox(const KeyStroke& key, Command command);
     std::vector<HeldKey>::iterator findHeld(std::uint32_t scanCode);
+    bool isGone(std::uint32_t scanCode) const;
 
     frmQuillet& form_;
     std::vector<HeldKey> held_; // in the order of their presses
+    std::vector<HeldKey> gone_; // whose releases were reported when the focus went
     bool ignoresLoneReleases_ = false;
 };
 

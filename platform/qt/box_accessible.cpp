@@ -2,6 +2,7 @@
 
 #include "platform/qt/edit_view.h"
 #include "platform/qt/entry.h"
+#include "platform/qt/form_window.h"
 #include "platform/qt/text_codec.h"
 
 #include <QAccessible>
@@ -12,6 +13,14 @@
 
 namespace quillet {
 namespace {
+
+// Who sends more than 128 MiB at once is cut off from the bus. A glyph takes up to three bytes.
+constexpr Position longestPiece = 0x1000000;
+
+// The bus carries no NUL, and an empty place would shift what stands behind it.
+QString spokenText(GlyphView text) {
+    return displayText(text).replace(QChar::Null, QChar::ReplacementCharacter);
+}
 
 // Every answer costs what it returns, not what the text holds: the toolkit's own ways of finding
 // words and lines would go through the whole text.
@@ -52,8 +61,9 @@ class BoxAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
 
     QString text(int start, int end) const override {
         const Position from = inText(start);
+        const Position count = std::clamp(inText(end) - from, 0, longestPiece);
         QString text;
-        enter([&] { text = displayText(box().textAt(from, std::max(0, inText(end) - from))); });
+        enter([&] { text = spokenText(box().textAt(from, count)); });
         return text;
     }
 
@@ -78,12 +88,18 @@ class BoxAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
         const QRect right = view_.caretRectAt(inText(offset + 1));
         QRect area = left;
         if (right.top() == left.top())
-            area.setRight(right.left());
+            area.setWidth(right.left() - left.left());
         return area.translated(view_.viewport()->mapToGlobal(QPoint()));
     }
 
+    // The glyph at the point, where the nearest place for the caret may be behind it.
     int offsetAtPoint(const QPoint& point) const override {
-        return view_.placeAt(view_.viewport()->mapFromGlobal(point));
+        const QPoint at = view_.viewport()->mapFromGlobal(point);
+        Position place = view_.placeAt(at);
+        const Position lineStart = box().lines().lineStart(box().lineOf(place));
+        while (place > lineStart && view_.caretRectAt(place).left() > at.x())
+            --place;
+        return place;
     }
 
     QString attributes(int /*offset*/, int* start, int* end) const override {
@@ -107,10 +123,12 @@ class BoxAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
         switch (type) {
         case QAccessible::CharBoundary:
             return {.anchor = place, .caret = inText(place + 1)};
-        case QAccessible::WordBoundary:
-            return box().wordAt(place);
+        case QAccessible::WordBoundary: {
+            const Selection word = box().wordAt(place); // at a line break the one before it
+            return word.end() > place ? word : unitAt(place, QAccessible::CharBoundary);
+        }
         case QAccessible::LineBoundary: {
-            const Position line = box().lines().lineOf(place);
+            const Position line = box().lineOf(place);
             return {.anchor = box().lines().lineStart(line),
                     .caret = box().lines().lineStart(line + 1)};
         }
@@ -132,8 +150,11 @@ class BoxAccessible : public QAccessibleWidget, public QAccessibleTextInterface 
 };
 
 QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-    auto* view = dynamic_cast<EditView*>(object);
-    return view != nullptr ? new BoxAccessible(*view) : nullptr;
+    if (auto* view = dynamic_cast<EditView*>(object))
+        return new BoxAccessible(*view);
+    if (auto* window = dynamic_cast<FormWindow*>(object))
+        return new QAccessibleWidget(window, QAccessible::Dialog);
+    return nullptr;
 }
 
 } // namespace
@@ -143,23 +164,25 @@ void installBoxAccessible() {
 }
 
 void tellTextChange(EditView& view, const TextChange& change) {
-    if (!QAccessible::isActive())
+    const std::size_t longest = std::max(change.removed.size(), change.inserted.size());
+    if (!QAccessible::isActive() || longest > longestPiece)
         return;
-    QAccessibleTextUpdateEvent event(&view, change.at, displayText(change.removed),
-                                     displayText(change.inserted));
+    QAccessibleTextUpdateEvent event(&view, change.at, spokenText(change.removed),
+                                     spokenText(change.inserted));
     QAccessible::updateAccessibility(&event);
 }
 
-void tellSelection(EditView& view) {
+void tellSelection(EditView& view, const Selection& before) {
+    const Selection& now = view.box().selection();
     if (!QAccessible::isActive())
         return;
-    const Selection& selection = view.box().selection();
-    if (selection.isEmpty()) {
-        QAccessibleTextCursorEvent event(&view, selection.caret);
+    if (now.caret != before.caret) {
+        QAccessibleTextCursorEvent event(&view, now.caret);
         QAccessible::updateAccessibility(&event);
-    } else {
-        QAccessibleTextSelectionEvent event(&view, selection.start(), selection.end());
-        event.setCursorPosition(selection.caret);
+    }
+    if (!now.isEmpty() || !before.isEmpty()) {
+        QAccessibleTextSelectionEvent event(&view, now.start(), now.end());
+        event.setCursorPosition(now.caret);
         QAccessible::updateAccessibility(&event);
     }
 }

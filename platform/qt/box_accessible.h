@@ -11,8 +11,9 @@ class EditView;
 /// codes as their Windows-1252 characters. To be called once.
 void installBoxAccessible();
 
-/// Tell assistive programs, where there are any, of a change and of caret and selection.
+/// Tell assistive programs, where there are any, of a change, and of caret and selection when
+/// they are not what they were before.
 void tellTextChange(EditView& view, const TextChange& change);
-void tellSelection(EditView& view);
+void tellSelection(EditView& view, const Selection& before);
 
 } // namespace quillet

@@ -195,6 +195,7 @@ void EditView::linesChanged(const LineChange& change) {
 void EditView::textLoaded() {
     updateScrollBar();
     viewport()->update();
+    shownSelection_ = {.anchor = -1, .caret = -1}; // the new one is told even if it looks the same
     askToSettle();
 }
 
@@ -244,10 +245,10 @@ void EditView::settle() {
     settlePending_ = false;
     if (shownSelection_ != box_.selection()) {
         updateSelection(shownSelection_);
+        tellSelection(*this, shownSelection_);
         shownSelection_ = box_.selection();
         updateSelection(shownSelection_);
     }
-    tellSelection(*this);
     showCaret();
     restartBlinking();
     idleTimer_.start(0, this);

@@ -179,6 +179,28 @@ std::int16_t modifierMask(Qt::KeyboardModifiers modifiers) {
     return static_cast<std::int16_t>(mask);
 }
 
+// The bit of a key that is a modifier itself.
+int ownModifier(std::int16_t keyCode) {
+    switch (keyCode) {
+    case key::shift:
+        return modifier::shift;
+    case key::ctrl:
+        return modifier::ctrl;
+    case key::alt:
+        return modifier::alt;
+    default:
+        return 0;
+    }
+}
+
+// A modifier key counts at its own press and no longer at its release. The toolkit says the same,
+// but the opposite of events that it has shown to assistive programs first.
+std::int16_t modifiersHeld(const QKeyEvent& event, std::int16_t keyCode) {
+    const int others = modifierMask(event.modifiers()) & ~ownModifier(keyCode);
+    const int own = event.type() == QEvent::KeyRelease ? 0 : ownModifier(keyCode);
+    return static_cast<std::int16_t>(others | own);
+}
+
 // The character of the physical key on a US keyboard.
 std::optional<std::int16_t> placedCharacter(const QKeyEvent& event) {
     const PlacedKey* placed = placedKey(event);
@@ -240,7 +262,7 @@ KeyStroke translateKey(const QKeyEvent& event, Layout layout) {
     return {.scanCode =
                 scanCode != 0 ? scanCode : beyondScanCodes + static_cast<std::uint32_t>(keyCode),
             .keyCode = keyCode,
-            .shift = modifierMask(event.modifiers()),
+            .shift = modifiersHeld(event, keyCode),
             .character = characterOf(event, keyCode, layout)};
 }
 
