@@ -179,7 +179,7 @@ TEST_F(Commands, AnOverflowIsSilentFromTheToolbarAndEndsTheProgramFromTheMenu) {
 TEST(Start, TheSplashStaysSixSecondsWhateverIsPressed) {
     const auto start = std::chrono::steady_clock::now();
     bool sawSplash = false;
-    DesktopSession session([&] {
+    const DesktopSession session({}, [&] {
         sawSplash = waitUntil([] {
             return output("xdotool search --onlyvisible --class quillet getwindowgeometry")
                        .find("358x287") != std::string::npos;

@@ -18,8 +18,6 @@
 namespace quillet {
 namespace {
 
-constexpr const char* startTitle = "Quillet: Inscript Based Basic Devnagari Word Processor";
-
 // Tries displays until Xvfb takes one; the tests may run beside each other.
 std::unique_ptr<Process> startServer() {
     for (int number = 200; number < 300; ++number) {
@@ -91,7 +89,7 @@ bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-DesktopSession::DesktopSession(const std::function<void()>& whileStarting) {
+DesktopSession::DesktopSession(const Program& program, const std::function<void()>& whileStarting) {
     std::string pattern = std::filesystem::temp_directory_path() / "quillet-test-XXXXXX";
     folder_ = mkdtemp(pattern.data());
     setenv("HOME", folder_.c_str(), 1);
@@ -101,9 +99,9 @@ DesktopSession::DesktopSession(const std::function<void()>& whileStarting) {
         std::vector<std::string>{"openbox", "--startup", "touch " + path("managed")});
     if (!waitUntil([&] { return std::filesystem::exists(path("managed")); }))
         throw std::runtime_error("no window manager could be started");
-    program_ = std::make_unique<Process>(std::vector<std::string>{QUILLET_PROGRAM});
+    program_ = std::make_unique<Process>(std::vector<std::string>{program.path});
     whileStarting();
-    if (!waitForTitle(startTitle))
+    if (!waitForTitle(program.title))
         throw std::runtime_error("the program did not show its window");
 }
 

@@ -34,11 +34,18 @@ std::string output(const std::string& command);
 /// Waits until `condition` holds; false after ten seconds.
 bool waitUntil(const std::function<bool()>& condition);
 
+/// What to run, and the title that its window gets the focus under.
+struct Program {
+    std::string path = QUILLET_PROGRAM;
+    std::string title = "Quillet: Inscript Based Basic Devnagari Word Processor";
+};
+
 /// Xvfb, a window manager and one running program, with a folder for its files.
 class DesktopSession {
   public:
-    /// Waits for the main window. Meanwhile it runs `whileStarting`.
-    explicit DesktopSession(const std::function<void()>& whileStarting = [] {});
+    /// Waits for the program's window. Meanwhile it runs `whileStarting`.
+    explicit DesktopSession(
+        const Program& program = {}, const std::function<void()>& whileStarting = [] {});
     ~DesktopSession();
     DesktopSession(const DesktopSession&) = delete;
     DesktopSession& operator=(const DesktopSession&) = delete;

@@ -1,0 +1,44 @@
+#include "bench/side_by_side.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+
+namespace quillet {
+namespace {
+
+using Series = std::vector<double>;
+
+double quantile(Series series, double share) {
+    const auto at = static_cast<std::ptrdiff_t>(share * static_cast<double>(series.size()));
+    std::nth_element(series.begin(), series.begin() + at, series.end());
+    return series[static_cast<std::size_t>(at)];
+}
+
+} // namespace
+
+void measureSideBySide(const std::string& name, const std::vector<Subject>& subjects, int rounds) {
+    std::vector<Series> all(subjects.size());
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t i = 0; i < subjects.size(); ++i)
+            all[i].push_back(subjects[i].measure());
+
+    const double reference = quantile(all.at(1), 0.5);
+    for (std::size_t i = 0; i < subjects.size(); ++i) {
+        const auto report = [series = all[i], reference](benchmark::State& state) {
+            auto next = series.begin();
+            for (auto _ : state)
+                state.SetIterationTime(*next++);
+            constexpr double milliseconds = 1000;
+            state.counters["median_ms"] = quantile(series, 0.5) * milliseconds;
+            state.counters["p95_ms"] = quantile(series, 0.95) * milliseconds;
+            state.counters["of_bare"] = quantile(series, 0.5) / reference;
+        };
+        benchmark::RegisterBenchmark((name + "/" + subjects[i].name).c_str(), report)
+            ->Iterations(rounds)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond);
+    }
+}
+
+} // namespace quillet
