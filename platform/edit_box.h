@@ -175,6 +175,7 @@ class EditBox {
     Position lineOf(Position at);
     Position caretLine() const { return lines_.lineOf(selection_.caret); }
     Advance xOf(Position at) const { return lines_.xOf(text_, at); }
+    Position lineEnd(Position line) const { return lines_.lineEnd(text_, line); }
     Position placeAt(Position line, Advance x) const { return lines_.placeAt(text_, line, x); }
     GlyphString lineText(Position line) const; // at most `maxLineLength` glyphs of it
 

@@ -109,7 +109,10 @@ LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position ins
         else if (join > at + removed)
             joins.push_back(join - removed + inserted);
     }
-    return rewrap(text, first, at + inserted, std::move(joins));
+    const Position second = lineStart(first + 1);
+    LineChange change = rewrap(text, first, at + inserted, std::move(joins));
+    const bool firstStays = second <= at && change.after > 1 && lineStart(first + 1) == second;
+    return firstStays ? LineChange{first + 1, change.before - 1, change.after - 1} : change;
 }
 
 LineChange LineLayout::settle(const GapBuffer& text) {

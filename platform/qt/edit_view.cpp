@@ -139,11 +139,13 @@ void EditView::timerEvent(QTimerEvent* event) {
 void EditView::keyPressEvent(QKeyEvent* event) {
     enter([&] { keyboard_.press(strokeOf(*event)); });
     askToSettle(); // a key that moves nothing brings the caret into view as well
+    showNow();
 }
 
 void EditView::keyReleaseEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat())
         enter([&] { keyboard_.release(strokeOf(*event)); });
+    showNow();
 }
 
 void EditView::focusInEvent(QFocusEvent* event) {
@@ -177,7 +179,10 @@ void EditView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void EditView::textChanged(const TextChange& change) {
-    linesChanged(change.lines);
+    if (change.lines.before == 1 && change.lines.after == 1)
+        updateInLine(change);
+    else
+        linesChanged(change.lines);
     askToSettle();
     tellTextChange(*this, change);
 }
@@ -289,6 +294,24 @@ void EditView::updateLines(Position first, Position last) {
     if (from <= to)
         viewport()->update(0, yOfLine(from), viewport()->width(),
                            (to - from + 1) * font_.lineHeight());
+}
+
+// Only from the change on, and with an insertion only to the end of the line. No glyph reaches
+// further, nor changes the look of another one further away.
+void EditView::updateInLine(const TextChange& change) {
+    const int reach = 3 * font_.lineHeight();
+    const Position line = change.lines.first;
+    const Position end = box_.lineEnd(line);
+    const int left = margin + box_.xOf(change.at) / advancePerPixel - reach;
+    const int right = change.removed.empty() ? margin + box_.xOf(end) / advancePerPixel + reach
+                                             : viewport()->width();
+    viewport()->update(left, yOfLine(line), right - left, font_.lineHeight());
+}
+
+// What has been typed is seen at once, before anything else that waits.
+void EditView::showNow() {
+    QCoreApplication::sendPostedEvents(this, settleEvent);
+    QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest);
 }
 
 void EditView::updateSelection(const Selection& selection) {

@@ -70,6 +70,8 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void restartBlinking();
     void updateScrollBar();
     void updateLines(Position first, Position last);
+    void updateInLine(const TextChange& change);
+    void showNow();
     void updateSelection(const Selection& selection);
     Position topLine() const;
     Position visibleLines() const;
