@@ -2,12 +2,14 @@
 #include "base/run_time_error.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/icons.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
 #include "tests/test_window.h"
 #include "window/frm_splash.h"
+#include "window/image_list.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +22,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+
+#include <vector>
 
 namespace quillet {
 namespace {
@@ -94,6 +98,50 @@ TEST(TextCodec, CarriesEveryByteAndMarksTheRest) {
     EXPECT_EQ(glyphText(displayText(bytes)), bytes);
     EXPECT_EQ(displayText("\x99\x83"), QString::fromUtf8("™ƒ"));
     EXPECT_EQ(glyphText(QString::fromUtf8("aक😀é")), "a??\xE9");
+}
+
+// How much of the picture is painted, in percent.
+int painted(const QImage& image) {
+    int pixels = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            pixels += image.pixelColor(x, y).alpha() > 128 ? 1 : 0;
+    return image.isNull() ? 0 : 100 * pixels / (image.width() * image.height());
+}
+
+TEST(Icons, GiveEveryImageOfTheListAPictureOfItsOwnInEverySize) {
+    for (const int size : {16, 24, 32, 36, 48, 72}) {
+        std::vector<QImage> images;
+        for (const ImageRow& row : imageList) {
+            SCOPED_TRACE(testing::Message() << row.key << " at " << size);
+            const QIcon icon = toolbarIcon(row.key);
+            EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size)));
+            const QImage image = icon.pixmap(QSize(size, size), 1).toImage();
+            EXPECT_EQ(image.size(), QSize(size, size));
+            EXPECT_GT(painted(image), 20);
+            for (std::size_t other = 0; other < images.size(); ++other)
+                EXPECT_FALSE(image == images[other]) << "as " << imageList[other].key;
+            images.push_back(image);
+        }
+    }
+    EXPECT_TRUE(toolbarIcon("none").isNull());
+}
+
+TEST(Icons, FillTheirPlacesInTheForms) {
+    const struct {
+        const char* key;
+        QSize size;
+        int painted;
+    } rows[] = {{"Product", {64, 64}, 70}, {"Splash", {360, 282}, 100}};
+    for (const auto& row : rows) {
+        const QPixmap shown = picture(row.key, row.size);
+        EXPECT_EQ(shown.size(), row.size) << row.key;
+        EXPECT_GE(painted(shown.toImage()), row.painted) << row.key;
+    }
+    for (const QSize size : productIcon().availableSizes())
+        EXPECT_GT(painted(productIcon().pixmap(size, 1).toImage()), 70) << size.width();
+    EXPECT_GE(productIcon().availableSizes().size(), 5);
+    EXPECT_TRUE(picture("none", {64, 64}).isNull());
 }
 
 // Strikes a key in the next message box, and if that leaves it open clicks `button`.

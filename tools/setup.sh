@@ -3,7 +3,7 @@
 # To be sourced by a script that stands in the root of the tree.
 
 buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-qpa-plugins libxcb-xkb-dev
-    libxkbcommon-x11-dev)
+    libxkbcommon-x11-dev librsvg2-bin)
 runPackages=(fonts-dejavu-core fonts-liberation)
 desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth at-spi2-core dbus-daemon
     libatspi2.0-dev xclip)

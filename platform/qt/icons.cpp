@@ -1,130 +1,106 @@
 #include "platform/qt/icons.h"
 
-#include "window/image_list.h"
-
-#include <QFont>
-#include <QGuiApplication>
+#include <QApplication>
+#include <QFile>
+#include <QIconEngine>
+#include <QImageReader>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
 
 #include <algorithm>
-#include <array>
+#include <span>
+#include <utility>
 
 namespace quillet {
 namespace {
 
-// A tile with a sign on it.
-struct Tile {
-    const char* key;
-    const char16_t* sign;
-    QRgb color;
-    bool italic = false;
-    bool underline = false;
+// The widths in pixels that the build draws the pictures in.
+constexpr int toolbarWidths[] = {QUILLET_TOOLBAR_WIDTHS};
+constexpr int productWidths[] = {QUILLET_PRODUCT_WIDTHS};
+constexpr int splashWidths[] = {QUILLET_SPLASH_WIDTHS};
+
+// A picture in several widths, of which only what is shown is read.
+class Drawing {
+  public:
+    Drawing(std::string_view name, std::span<const int> widths)
+        : start_(":/icons/" + QString::fromUtf8(name.data(), std::ssize(name)) + "-"),
+          widths_(widths) {}
+
+    std::span<const int> widths() const { return widths_; }
+
+    bool exists() const { return QFile::exists(file(widths_.front())); }
+
+    // Fitted to so many pixels from the smallest width that is large enough.
+    QPixmap pixmap(QSize size) const {
+        const auto enough = std::lower_bound(widths_.begin(), widths_.end(), size.width());
+        QImageReader reader(file(enough == widths_.end() ? widths_.back() : *enough), "png");
+        reader.setAutoDetectImageFormat(false); // it would load every image plugin there is
+        const QImage image = reader.read();
+        return QPixmap::fromImage(
+            image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+
+  private:
+    QString file(int width) const { return start_ + QString::number(width) + ".png"; }
+
+    QString start_;
+    std::span<const int> widths_;
 };
 
-constexpr QRgb fileColor = 0xFF2F6DB5;
-constexpr QRgb editColor = 0xFF5B6B7A;
-constexpr QRgb styleColor = 0xFF333333;
-constexpr QRgb keyboardColor = 0xFF8A5A00;
-constexpr QRgb countColor = 0xFF2E7D4F;
-constexpr QRgb memoryColor = 0xFF7A4B9C;
-constexpr QRgb webColor = 0xFF00778A;
+class DrawingEngine : public QIconEngine {
+  public:
+    explicit DrawingEngine(Drawing drawing) : drawing_(std::move(drawing)) {}
 
-// In the order of the image list.
-constexpr std::array<Tile, imageList.size()> tiles = {{
-    {"Underline", u"U", styleColor, false, true},
-    {"Copy", u"\u25EB", editColor},
-    {"Cut", u"\u2702", editColor},
-    {"Italic", u"I", styleColor, true},
-    {"New", u"+", fileColor},
-    {"Open", u"\u2191", fileColor},
-    {"Paste", u"\u2193", editColor},
-    {"Print", u"P", fileColor},
-    {"Save", u"S", fileColor},
-    {"Bold", u"B", styleColor},
-    {"KeyboardRemington", u"R", keyboardColor},
-    {"KeyboardInscript", u"I", keyboardColor},
-    {"ClearScreen", u"\u00D7", editColor},
-    {"Lines", u"\u2261", countColor},
-    {"Words", u"W", countColor},
-    {"Characters", u"C", countColor},
-    {"AddMemory", u"M", memoryColor},
-    {"AppendMemory", u"M+", memoryColor},
-    {"PasteFromMemory", u"M\u2193", memoryColor},
-    {"ClearMemory", u"M\u00D7", memoryColor},
-    {"Email", u"@", webColor},
-    {"Web", u"W", webColor},
-    {"Help", u"?", webColor},
-    {"Layout", u"\u2328", keyboardColor},
-    {"Convert", u"\u2192", fileColor},
-}};
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        if (shown_.size() != size)
+            shown_ = drawing_.pixmap(size);
+        const QStyleOption option;
+        return QApplication::style()->generatedIconPixmap(mode, shown_, &option);
+    }
 
-constexpr Tile productTile = {"Product", u"Q", fileColor};
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode,
+               QIcon::State state) override {
+        painter->drawPixmap(area, pixmap(area.size(), mode, state));
+    }
 
-QPixmap drawTile(const Tile& tile, int size) {
-    const double ratio = qGuiApp->devicePixelRatio();
-    QPixmap pixmap(QSize(size, size) * ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgba(tile.color));
-    const QRectF area(0.5, 0.5, size - 1.0, size - 1.0);
-    painter.drawRoundedRect(area, size / 6.0, size / 6.0);
-    const QString sign = QString::fromUtf16(tile.sign);
-    QFont font;
-    font.setPixelSize(std::max(1, size * (sign.size() > 1 ? 5 : 7) / 10));
-    font.setBold(!tile.italic);
-    font.setItalic(tile.italic);
-    font.setUnderline(tile.underline);
-    painter.setFont(font);
-    painter.setPen(Qt::white);
-    painter.drawText(area, Qt::AlignCenter, sign);
-    return pixmap;
-}
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        QList<QSize> sizes;
+        for (const int width : drawing_.widths())
+            sizes.append({width, width});
+        return sizes;
+    }
 
-QPixmap drawSplash(QSize size) {
-    const double ratio = qGuiApp->devicePixelRatio();
-    QPixmap pixmap(size * ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::white);
-    QPainter painter(&pixmap);
-    const int tileSize = size.height() / 3;
-    painter.drawPixmap((size.width() - tileSize) / 2, tileSize / 2,
-                       drawTile(productTile, tileSize));
-    QFont font;
-    font.setPixelSize(size.height() / 6);
-    font.setBold(true);
-    painter.setFont(font);
-    painter.setPen(QColor::fromRgba(fileColor));
-    const QRect below(0, tileSize * 3 / 2, size.width(), size.height() - tileSize * 3 / 2);
-    painter.drawText(below, Qt::AlignCenter, QStringLiteral("Quillet"));
-    return pixmap;
-}
+    QIconEngine* clone() const override { return new DrawingEngine(*this); }
 
-QIcon tileIcon(const Tile& tile) {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64})
-        icon.addPixmap(drawTile(tile, size));
-    return icon;
+  private:
+    Drawing drawing_;
+    QPixmap shown_;
+};
+
+QIcon iconOf(const Drawing& drawing) {
+    return drawing.exists() ? QIcon(new DrawingEngine(drawing)) : QIcon();
 }
 
 } // namespace
 
 QIcon toolbarIcon(std::string_view key) {
-    const auto* found = std::find_if(tiles.begin(), tiles.end(),
-                                     [key](const Tile& tile) { return key == tile.key; });
-    return found == tiles.end() ? QIcon() : tileIcon(*found);
+    return iconOf({key, toolbarWidths});
 }
 
 QIcon productIcon() {
-    return tileIcon(productTile);
+    return iconOf({"Product", productWidths});
 }
 
 QPixmap picture(std::string_view key, QSize size) {
-    if (key == "Splash")
-        return drawSplash(size);
-    return key == productTile.key ? drawTile(productTile, size.height()) : QPixmap();
+    const Drawing drawing =
+        key == "Splash" ? Drawing(key, splashWidths) : Drawing(key, productWidths);
+    if (!drawing.exists())
+        return {};
+    const double ratio = qGuiApp->devicePixelRatio();
+    QPixmap pixmap = drawing.pixmap(size * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    return pixmap;
 }
 
 } // namespace quillet

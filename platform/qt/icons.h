@@ -8,7 +8,7 @@
 
 namespace quillet {
 
-/// The image of the image list under `key`; it draws itself in every size. An unknown key gives
+/// The image of the image list under `key`, read when it is painted. An unknown key gives
 /// an empty icon.
 QIcon toolbarIcon(std::string_view key);
 

@@ -1,0 +1,45 @@
+# The pictures: drawn in icons/ and turned into pixels here, so that the program needs no more than
+# it has to read them. A list of widths becomes a constant of icons.cpp.
+set(toolbar_widths 16 24 32 36 48 72) # painted: 24 at the scales 1, 1.5, 2 and 3
+set(product_widths 16 24 32 48 64 96 128)
+set(splash_widths 360 540 720)
+set(desktop_width 256) # of the product, for the desktop's menu alone
+
+set(picture_dir ${CMAKE_CURRENT_BINARY_DIR}/icons)
+file(MAKE_DIRECTORY ${picture_dir})
+file(GLOB drawings CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/icons/*.svg)
+foreach(drawing IN LISTS drawings)
+    cmake_path(GET drawing STEM name)
+    set(widths ${toolbar_widths})
+    if(name STREQUAL "Product")
+        set(widths ${product_widths} ${desktop_width})
+    elseif(name STREQUAL "Splash")
+        set(widths ${splash_widths})
+    endif()
+    set(outputs)
+    set(commands)
+    foreach(width IN LISTS widths)
+        set(output ${picture_dir}/${name}-${width}.png)
+        list(APPEND outputs ${output})
+        list(APPEND commands COMMAND ${RSVG_CONVERT} -w ${width} -o ${output} ${drawing})
+    endforeach()
+    add_custom_command(OUTPUT ${outputs} ${commands} DEPENDS ${drawing}
+                       COMMENT "Drawing ${name}" VERBATIM)
+    list(APPEND pictures ${outputs})
+endforeach()
+list(REMOVE_ITEM pictures ${picture_dir}/Product-${desktop_width}.png)
+qt_add_resources(quillet_qt pictures PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR} FILES ${pictures})
+
+foreach(kind IN ITEMS toolbar product splash)
+    list(JOIN ${kind}_widths "," widths)
+    string(TOUPPER QUILLET_${kind}_WIDTHS constant)
+    set_property(SOURCE icons.cpp APPEND PROPERTY COMPILE_DEFINITIONS ${constant}=${widths})
+endforeach()
+
+set(theme share/icons/hicolor)
+foreach(width IN LISTS product_widths ITEMS ${desktop_width})
+    install(FILES ${picture_dir}/Product-${width}.png
+            DESTINATION ${theme}/${width}x${width}/apps RENAME quillet.png)
+endforeach()
+install(FILES ${CMAKE_SOURCE_DIR}/icons/Product.svg
+        DESTINATION ${theme}/scalable/apps RENAME quillet.svg)
