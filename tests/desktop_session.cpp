@@ -89,25 +89,28 @@ bool waitUntil(const std::function<bool()>& condition) {
     return true;
 }
 
-DesktopSession::DesktopSession(const Program& program, const std::function<void()>& whileStarting) {
+Screen::Screen() {
     std::string pattern = std::filesystem::temp_directory_path() / "quillet-test-XXXXXX";
     folder_ = mkdtemp(pattern.data());
     setenv("HOME", folder_.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
     server_ = startServer();
+    const std::string managed = folder_ / "managed";
     windowManager_ = std::make_unique<Process>(
-        std::vector<std::string>{"openbox", "--startup", "touch " + path("managed")});
-    if (!waitUntil([&] { return std::filesystem::exists(path("managed")); }))
+        std::vector<std::string>{"openbox", "--startup", "touch " + managed});
+    if (!waitUntil([&] { return std::filesystem::exists(managed); }))
         throw std::runtime_error("no window manager could be started");
+}
+
+Screen::~Screen() {
+    std::filesystem::remove_all(folder_);
+}
+
+DesktopSession::DesktopSession(const Program& program, const std::function<void()>& whileStarting) {
     program_ = std::make_unique<Process>(std::vector<std::string>{program.path});
     whileStarting();
     if (!waitForTitle(program.title))
         throw std::runtime_error("the program did not show its window");
-}
-
-DesktopSession::~DesktopSession() {
-    program_.reset();
-    std::filesystem::remove_all(folder_);
 }
 
 std::string DesktopSession::keyOf(char character) {
@@ -156,14 +159,14 @@ std::string DesktopSession::saveAs(const std::string& name) {
 }
 
 std::string DesktopSession::read(const std::string& name) const {
-    std::ifstream file(folder_ / name, std::ios::binary);
+    std::ifstream file(path(name), std::ios::binary);
     std::stringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();
 }
 
 void DesktopSession::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    std::ofstream(path(name), std::ios::binary) << bytes;
 }
 
 } // namespace quillet

@@ -40,15 +40,28 @@ struct Program {
     std::string title = "Quillet: Inscript Based Basic Devnagari Word Processor";
 };
 
-/// Xvfb, a window manager and one running program, with a folder for its files.
+/// Xvfb and a window manager, with a folder for the files of what runs there.
+class Screen {
+  public:
+    Screen();
+    ~Screen();
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    const std::filesystem::path& folder() const { return folder_; }
+
+  private:
+    std::filesystem::path folder_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> windowManager_;
+};
+
+/// A screen with one running program.
 class DesktopSession {
   public:
     /// Waits for the program's window. Meanwhile it runs `whileStarting`.
     explicit DesktopSession(
         const Program& program = {}, const std::function<void()>& whileStarting = [] {});
-    ~DesktopSession();
-    DesktopSession(const DesktopSession&) = delete;
-    DesktopSession& operator=(const DesktopSession&) = delete;
 
     /// Strikes US keys one after the other by their places on the keyboard, whatever the layout.
     void type(std::string_view characters);
@@ -69,16 +82,14 @@ class DesktopSession {
     /// Saves through the Save As dialog and returns the bytes of the file, whose name is a new one.
     std::string saveAs(const std::string& name);
 
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    std::string path(const std::string& name) const { return (screen_.folder() / name).string(); }
     std::string read(const std::string& name) const;
     void write(const std::string& name, const std::string& bytes) const;
 
     Process& program() { return *program_; }
 
   private:
-    std::filesystem::path folder_;
-    std::unique_ptr<Process> server_;
-    std::unique_ptr<Process> windowManager_;
+    Screen screen_;
     std::unique_ptr<Process> program_;
 };
 

@@ -1,0 +1,21 @@
+#include "platform/qt/program.h"
+
+#include "platform/qt/box_accessible.h"
+#include "platform/qt/x11_keyboard.h"
+
+#include <QSettings>
+
+namespace quillet {
+
+Program::Program(char** argv)
+    : application_(argumentCount_, argv),
+      mainWindow_({messageBox_, fileChooser_, files_, clipboard_, screen_, forms_}),
+      splash_(forms_, mainWindow_) {
+    QApplication::setApplicationName("Quillet");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+    QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
+    requestDetectableAutoRepeat();
+    installBoxAccessible();
+}
+
+} // namespace quillet

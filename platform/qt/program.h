@@ -1,0 +1,42 @@
+// The program on the real desktop.
+#pragma once
+
+#include "platform/posix/posix_files.h"
+#include "platform/qt/qt_forms.h"
+#include "platform/qt/qt_services.h"
+#include "window/frm_quillet.h"
+#include "window/frm_splash.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+namespace quillet {
+
+/// The toolkit's application with the desktop's services and the windows. There is one at most,
+/// and it needs a display.
+class Program {
+  public:
+    /// Knows no command line, not even the toolkit's own.
+    explicit Program(char** argv);
+    ~Program() { forms_.dropWindows(); }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    frmSplash& splash() { return splash_; }
+    frmQuillet& mainWindow() { return mainWindow_; }
+
+  private:
+    int argumentCount_ = 1; // the name alone
+    QApplication application_;
+    QTemporaryDir settings_; // the toolkit's dialogs would keep some for good
+    QtMessageBox messageBox_;
+    QtFileChooser fileChooser_;
+    QtClipboard clipboard_;
+    QtScreen screen_;
+    PosixFiles files_;
+    QtForms forms_;
+    frmQuillet mainWindow_;
+    frmSplash splash_;
+};
+
+} // namespace quillet
