@@ -96,7 +96,7 @@ class Writer {
     void add(GlyphView part) {
         if (part.empty())
             return;
-        if (part.size() > room_)
+        if (end_ == nullptr || part.size() > room_)
             makeRoom(part.size());
         std::memcpy(end_, part.data(), part.size());
         end_ += part.size();
