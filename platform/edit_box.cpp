@@ -176,30 +176,45 @@ void EditBox::runCommand(const std::function<void()>& command) {
     command();
 }
 
+// A step that fails halfway leaves a text that the others do not fit.
+template <class Steps>
+void EditBox::keepingHistory(Steps steps) {
+    try {
+        steps();
+    } catch (...) {
+        history_.clear();
+        throw;
+    }
+}
+
 void EditBox::undo() {
     if (!canUndo())
         return;
     UndoStep& step = history_.undo();
-    for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit) {
-        if (edit->other)
-            exchangeText(*edit->other);
-        else
-            apply(edit->at, edit->inserted, edit->removed);
-    }
-    select(step.before);
+    keepingHistory([&] {
+        for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit) {
+            if (edit->other)
+                exchangeText(*edit->other);
+            else
+                apply(edit->at, edit->inserted, edit->removed);
+        }
+        select(step.before);
+    });
 }
 
 void EditBox::redo() {
     if (!canRedo())
         return;
     UndoStep& step = history_.redo();
-    for (TextEdit& edit : step.edits) {
-        if (edit.other)
-            exchangeText(*edit.other);
-        else
-            apply(edit.at, edit.removed, edit.inserted);
-    }
-    select(step.after);
+    keepingHistory([&] {
+        for (TextEdit& edit : step.edits) {
+            if (edit.other)
+                exchangeText(*edit.other);
+            else
+                apply(edit.at, edit.removed, edit.inserted);
+        }
+        select(step.after);
+    });
 }
 
 void EditBox::dropText(GlyphView text, Position place) {
@@ -227,6 +242,7 @@ void EditBox::moveSelectionTo(Position place) {
 
 void EditBox::setMetrics(const LineMetrics& metrics) {
     lines_.setMetrics(metrics, text_);
+    lines_.wrapTo(text_, selection_.end()); // the caret always stands in a line of its own
     goalX_.reset();
 }
 

@@ -187,6 +187,8 @@ class EditBox {
 
     void needRoom(GlyphView inserted, Position removed) const;
     void exchangeText(GapBuffer& other);
+    template <class Steps>
+    void keepingHistory(Steps steps);
     void wrapTo(Position at);
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
     void apply(Position at, GlyphView removed, GlyphView inserted);

@@ -30,7 +30,7 @@ constexpr FormDesign formDesign = {.name = "frmFind",
 
 // Where `what` first stands from the place `start` on, both 1-based; 0 where it does not.
 Position findFrom(const EditBox& box, Position start, GlyphView what) {
-    if (start > box.length())
+    if (start < 1 || start > box.length())
         return 0;
     if (what.empty())
         return start;

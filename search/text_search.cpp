@@ -127,9 +127,11 @@ class Writer {
 
     void makeRoom(std::size_t count) {
         commit();
-        if (count > static_cast<std::size_t>(maxTextLength) - text_.size())
+        const std::size_t left = static_cast<std::size_t>(maxTextLength) - text_.size();
+        if (count > left)
             throw RunTimeError(ErrorNumber::OutOfMemory);
-        room_ = std::max(count, std::clamp(text_.size(), leastRoom, mostRoom));
+        const std::size_t wanted = std::clamp(text_.size(), leastRoom, mostRoom);
+        room_ = std::min(left, std::max(count, wanted));
         start_ = end_ = text_.prepareAppend(room_);
     }
 

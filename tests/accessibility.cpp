@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -148,7 +149,7 @@ std::vector<Accessible> Accessible::children() const {
 
 Accessible Accessible::first(const std::function<bool(const Accessible&)>& fits) const {
     for (const Accessible& child : children()) {
-        const Accessible found = fits(child) ? child : child.first(fits);
+        Accessible found = fits(child) ? child : child.first(fits);
         if (found)
             return found;
     }
@@ -167,7 +168,9 @@ Accessible Accessible::find(const std::string& role, const std::string& name) co
 }
 
 Accessible Accessible::focused() const {
-    return first([](const Accessible& object) { return object.is(ATSPI_STATE_FOCUSED); });
+    return first([](const Accessible& object) { // its frame or its inside may say they have it
+        return object.is(ATSPI_STATE_FOCUSED) && object.is(ATSPI_STATE_FOCUSABLE);
+    });
 }
 
 std::vector<std::string> Accessible::names(const std::string& role) const {

@@ -187,7 +187,9 @@ TEST(Start, TheSplashStaysSixSecondsWhateverIsPressed) {
         output("xdotool mousemove 640 430 click 1 key Return Escape space");
     });
     EXPECT_TRUE(sawSplash);
-    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(6));
+    const auto seconds = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(seconds, std::chrono::seconds(6));
+    EXPECT_LT(seconds, std::chrono::seconds(9));
 }
 
 } // namespace

@@ -18,21 +18,23 @@
 namespace quillet {
 namespace {
 
-// Tries displays until Xvfb takes one; the tests may run beside each other.
+// Lets Xvfb choose a display and say which; the tests may run beside each other.
 std::unique_ptr<Process> startServer() {
-    for (int number = 200; number < 300; ++number) {
-        const std::string socket = "/tmp/.X11-unix/X" + std::to_string(number);
-        if (std::filesystem::exists(socket))
-            continue;
-        const std::string display = ":" + std::to_string(number);
-        auto server = std::make_unique<Process>(std::vector<std::string>{
-            "Xvfb", display, "-screen", "0", "1280x860x24", "-nolisten", "tcp"});
-        if (!waitUntil([&] { return std::filesystem::exists(socket); }))
-            continue;
-        setenv("DISPLAY", display.c_str(), 1);
-        return server;
-    }
-    throw std::runtime_error("no display could be started");
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        throw std::runtime_error("no pipe could be opened");
+    auto server = std::make_unique<Process>(
+        std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
+                                 "1280x860x24", "-nolisten", "tcp"});
+    close(ends[1]);
+    std::string display = ":";
+    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
+        display += digit;
+    close(ends[0]);
+    if (display == ":")
+        throw std::runtime_error("no display could be started");
+    setenv("DISPLAY", display.c_str(), 1);
+    return server;
 }
 
 } // namespace

@@ -167,6 +167,21 @@ TEST(EditBox, AReleaseBelongsToItsKeystrokeAndSelectsNothing) {
     EXPECT_EQ(box.Text(), "") << "a paste and what its release rewrites are one step";
 }
 
+TEST(EditBox, TheCaretKeepsItsLineWhenALongTextIsWrappedAnew) {
+    EditBox box({});
+    LineMetrics metrics{.width = 100};
+    metrics.advances.fill(1);
+    box.setMetrics(metrics);
+    box.load(GapBuffer(GlyphString(600'000, 'd')));
+    box.SelStart(500'050);
+    metrics.width = 1000;
+    box.setMetrics(metrics);
+    box.keyDown(key::home, 0);
+    EXPECT_EQ(box.SelStart(), 500'000);
+    box.keyDown(key::end, 0);
+    EXPECT_LT(box.SelStart(), 501'001);
+}
+
 // What the box should hold after operations that each are one step, or none where they change
 // nothing.
 struct PlainBox {

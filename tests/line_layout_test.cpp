@@ -128,18 +128,23 @@ class RandomEdits {
         const Position removed = below(std::min(size - at, atMost));
         const std::string inserted = glyphs(below(size > 300 ? 4 : 8));
         text_.replace(at, removed, inserted);
-        const Position before = layout_.lineCount();
         const auto count = static_cast<Position>(inserted.size());
-        const LineChange change = layout_.replaced(text_, at, count);
-        ASSERT_EQ(before - change.before + change.after, layout_.lineCount());
+        expectCount([&] { return layout_.replaced(text_, at, count); });
         if (below(7) == 0)
             layout_.expectChange(below(static_cast<Position>(text_.size())));
         if (below(7) == 0)
-            layout_.settle(text_);
+            expectCount([&] { return layout_.settle(text_); });
         if (below(63) == 0)
             layout_.wrapAll(text_);
         if (below(63) == 0)
-            layout_.wrapTo(text_, below(static_cast<Position>(text_.size())));
+            expectCount([&] { return layout_.wrapTo(text_, size / 2); });
+    }
+
+    template <class Step>
+    void expectCount(Step step) {
+        const Position before = layout_.lineCount();
+        const LineChange change = step();
+        ASSERT_EQ(before - change.before + change.after, layout_.lineCount());
     }
 
     // Mostly letters, so that words get long.

@@ -2,6 +2,8 @@
 #include "base/run_time_error.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/form_window.h"
+#include "platform/qt/glyph_font.h"
+#include "platform/qt/glyph_text.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/main_window.h"
@@ -17,11 +19,17 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QComboBox>
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
+
+#include <functional>
+#include <iterator>
+#include <random>
 
 #include <vector>
 
@@ -216,6 +224,78 @@ TEST_F(View, PaintsTextAndSelectionAndFollowsTheCaret) {
     EXPECT_GT(selectedPixels(), 50);
 }
 
+// Random edits leave the same pixels behind as painting the whole window does.
+TEST_F(View, RepaintsAllThatAChangeTouches) {
+    offerOpenFonts();
+    EditBox& box = form.txtMain;
+    window.activateWindow();
+    box.Text("first\r\n\r\nthird \x01\t\xAD line\r\n" + GlyphString(300, 'w'));
+    std::minstd_rand random;
+    const auto upTo = [&random](Position most) {
+        return std::uniform_int_distribution<Position>(0, most)(random);
+    };
+    const auto place = [&] { return upTo(box.length()); };
+    const std::function<void()> edits[] = {
+        [&] { box.keyPress('i', 0); },
+        [&] { box.keyPress('f', 0); }, // the short i, whose hook reaches over what follows
+        [&] { box.keyPress('Z', 0); }, // the reph, which stands over what is before it
+        [&] { box.keyPress(' ', 0); },
+        [&] { box.keyPress('\r', 0); },
+        [&] { box.keyPress('\b', 0); },
+        [&] { box.SelText("some words\tand"); },
+        [&] { box.SelStart(place()); },
+        [&] { box.select({.anchor = place(), .caret = place()}); },
+        [&] { box.undo(); },
+        [&] { box.redo(); },
+        [&] { box.FontName(box.FontName() == krutiDev010 ? "Arial" : krutiDev010); },
+    };
+    for (int step = 0; step < 500; ++step) {
+        const auto edit = static_cast<std::size_t>(upTo(std::size(edits) - 1));
+        edits[edit]();
+        QApplication::processEvents();
+        QApplication::processEvents(); // what the view posts to itself, and then the repaint
+        ASSERT_EQ(window.screen()->grabWindow(window.winId()).toImage(), window.grab().toImage())
+            << "step " << step << ", edit " << edit;
+    }
+}
+
+// With every font, a line is as wide as its glyphs in the table of advances, give or take the
+// rounding of each.
+TEST_F(View, PaintedTextIsAsWideAsTheTableSays) {
+    offerOpenFonts();
+    const GlyphString words = "fganh Hkk\"kk f'k{kk ns'k dk;Z fo|ky; L=h \xD8k\xAD s";
+    for (const char* name : {"Kruti Dev 010", "Kruti Dev 020", "Arial"}) {
+        for (const int style : {0, 1, 2, 3}) {
+            form.txtMain.FontName(name);
+            form.txtMain.FontBold((style & 1) != 0);
+            form.txtMain.FontItalic((style & 2) != 0);
+            const GlyphFont font(form.txtMain);
+            Advance sum = 0;
+            for (const char glyph : words)
+                sum += font.lineMetrics(100).advances[glyphCode(glyph)];
+            const double painted =
+                QFontMetricsF(font.font()).horizontalAdvance(font.characters().of(words));
+            EXPECT_NEAR(painted, static_cast<double>(sum) / advancePerPixel, 0.5)
+                << name << " " << style;
+        }
+    }
+}
+
+TEST(GlyphCharacters, ShowEveryByteInTheOpenFonts) {
+    offerOpenFonts();
+    const GlyphCharacters kruti{QFont("Kruti Dev 020")};
+    const GlyphCharacters latin{QFont("Liberation Sans")};
+    GlyphString bytes;
+    for (int code = 0; code < 256; ++code)
+        bytes.push_back(static_cast<char>(code));
+    EXPECT_EQ(kruti.of(bytes.substr(0xAD, 1)), QString(QChar(0xF0AD)));
+    EXPECT_EQ(glyphText(kruti.of(bytes)), bytes);
+    bytes[0xAD] = '-';
+    EXPECT_EQ(latin.of(bytes), displayText(bytes));
+    EXPECT_EQ(latin.of("\xAD"), "-");
+    EXPECT_TRUE(kruti.isDrawn('\x81') && !latin.isDrawn('\x81') && !kruti.isDrawn('\x1F'));
+}
+
 TEST_F(View, ShowsTheSelectionWhileADialogHasTheFocus) {
     QWidget dialog;
     dialog.show();
@@ -240,7 +320,7 @@ TEST(FormWindow, ChoosesAnEntryAlsoWhenItIsTheOneShown) {
     chars.load();
     FormWindow window(chars);
     auto* list = window.findChild<QComboBox*>("cmbSpecial");
-    EXPECT_EQ(list->itemText(16), QString::fromUtf8("ƒ"));
+    EXPECT_EQ(glyphText(list->itemText(16)), "\x83");
     for (int times = 0; times < 2; ++times)
         Q_EMIT list->activated(16);
     EXPECT_EQ(form.txtMain.Text(), "z\x83") << "two for two, and then two for one again";
@@ -269,6 +349,23 @@ TEST(FormWindow, TextsAndCaptionsGoBothWays) {
     EXPECT_GT(window.maximumWidth(), 2000) << "it can be resized";
 }
 
+TEST(FormWindow, AWindowThatWentReachesItsFormNoMore) {
+    TestWindow form;
+    frmFind& find = form.findWindow();
+    find.show();
+    FormWindow window(find);
+    window.show();
+    find.control("cmdcancel").Click = [&] {
+        find.unload();
+        window.hide();
+    };
+    for (int clicks = 0; clicks < 2; ++clicks)
+        window.findChild<QPushButton*>("cmdcancel")->click();
+    window.findChild<QLineEdit*>("txtfind")->setText("x");
+    window.close();
+    EXPECT_FALSE(find.isVisible());
+}
+
 TEST(FormWindow, TheSplashTicksUntilItGoes) {
     TestWindow form;
     frmSplash splash(form.desktop.forms, form);
@@ -277,9 +374,6 @@ TEST(FormWindow, TheSplashTicksUntilItGoes) {
     const auto* timer = window.findChild<QTimer*>();
     EXPECT_EQ(timer->interval(), 1000);
     EXPECT_TRUE(timer->isActive());
-    window.show();
-    window.hide();
-    EXPECT_FALSE(timer->isActive());
 }
 
 // The last one, for afterwards the program has ended and no event runs anything.

@@ -131,6 +131,11 @@ TEST_F(Search, APlaceBeyond16BitsFailsWithTheMatchSelected) {
     }
 }
 
+TEST(TextSearch, AResultBeyondTheLimitFails) {
+    const GapBuffer text(GlyphString(3'000'000, 'a'));
+    EXPECT_THROW(replaceAll(text.spans(), "a", GlyphString(1'000, 'b')), RunTimeError);
+}
+
 TEST_F(Search, ReplaceAllAssignsTheWholeText) {
     const struct {
         const char *text, *what, *with, *result;
@@ -170,6 +175,8 @@ TEST_F(Search, WindowsReadAsDesigned) {
         for (const Control& control : window->controls()) {
             const ControlDesign& row = control.design();
             text += std::string("|") + row.name + ":" + row.caption + "@";
+            EXPECT_EQ(row.kind == ControlKind::TextBox, row.font.points == 12) << row.name;
+            EXPECT_EQ(row.kind == ControlKind::TextBox, row.font.family == krutiDev010) << row.name;
             for (const Twips length : {row.left, row.top, row.width, row.height})
                 text += std::to_string(int(length.value)) + ",";
         }

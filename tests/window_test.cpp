@@ -385,6 +385,7 @@ TEST_F(Window, TheSplashGivesWayAtItsSixthTick) {
     Control& timer = splash.control("Timer1");
     EXPECT_EQ(timer.design().interval, 1000);
     splash.control("Image1").click();
+    splash.close();
     for (int tick = 1; tick <= 5; ++tick)
         timer.click();
     EXPECT_TRUE(desktop.forms.calls.empty());

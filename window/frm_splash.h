@@ -17,6 +17,7 @@ class frmSplash : public Form {
 
   protected:
     void Form_Load() override;
+    void Form_Unload(std::int16_t& Cancel) override { Cancel = 1; } // it goes by itself
 
   private:
     Form& mainWindow_;

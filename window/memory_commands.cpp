@@ -2,6 +2,8 @@
 
 #include "platform/main_state.h"
 
+#include <utility>
+
 namespace quillet {
 
 void MemoryCommands::mnuAddMemory_Click() {
@@ -10,6 +12,8 @@ void MemoryCommands::mnuAddMemory_Click() {
 
 void MemoryCommands::mnuAppendMemory_Click() {
     GlyphString& memory = state_.memory_box;
+    const auto length = static_cast<std::size_t>(state_.txtMain.length());
+    memory.reserve(memory.size() + lineBreak.size() + length); // all of it fits, or nothing changes
     if (!memory.empty())
         memory += lineBreak;
     for (const GlyphView part : state_.txtMain.spans())
@@ -17,11 +21,14 @@ void MemoryCommands::mnuAppendMemory_Click() {
 }
 
 void MemoryCommands::mnuPasteFromMemory_Click() {
-    GlyphString text = state_.txtMain.Text();
-    if (!text.empty())
-        text += lineBreak;
-    text += state_.memory_box;
-    state_.txtMain.Text(text);
+    GapBuffer text;
+    const auto add = [&text](GlyphView part) { text.replace(text.size(), 0, part); };
+    for (const GlyphView part : state_.txtMain.spans())
+        add(part);
+    if (text.size() != 0)
+        add(lineBreak);
+    add(state_.memory_box);
+    state_.txtMain.Text(std::move(text));
 }
 
 void MemoryCommands::mnuEmptyMemory_Click() {

@@ -103,7 +103,7 @@ void EditView::paint(const QRect& area) {
     const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
     QPainter painter(viewport());
     painter.fillRect(area, colors.color(group, QPalette::Base));
-    LinePainter lines(painter, box_, font_, colors, group);
+    LinePainter lines(painter, box_, font_, colors, group, area);
     // With a line more above and below, because glyphs reach into their neighbours.
     const Position first = std::max(lineAt(area.top()) - 1, topLine() - 1);
     const Position last = std::min(lineAt(area.bottom()) + 1, box_.lines().lineCount() - 1);
@@ -296,10 +296,9 @@ void EditView::updateLines(Position first, Position last) {
                            (to - from + 1) * font_.lineHeight());
 }
 
-// Only from the change on, and with an insertion only to the end of the line. No glyph reaches
-// further, nor changes the look of another one further away.
+// Only from the change on, and with an insertion only to the end of the line.
 void EditView::updateInLine(const TextChange& change) {
-    const int reach = 3 * font_.lineHeight();
+    const int reach = LinePainter::reach(font_);
     const Position line = change.lines.first;
     const Position end = box_.lineEnd(line);
     const int left = margin + box_.xOf(change.at) / advancePerPixel - reach;

@@ -2,6 +2,7 @@
 
 #include "platform/form.h"
 #include "platform/qt/entry.h"
+#include "platform/qt/glyph_text.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
@@ -79,7 +80,9 @@ void FormWindow::buildFrame() {
                        ? Qt::WindowFlags(Qt::SplashScreen)
                        : Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                              Qt::WindowCloseButtonHint);
-    move(screen()->availableGeometry().center() - rect().center());
+    const bool onWholeScreen = design.frame == FormFrame::Splash;
+    const QRect room = onWholeScreen ? screen()->geometry() : screen()->availableGeometry();
+    move(room.center() - rect().center());
 }
 
 void FormWindow::buildControls() {
@@ -108,6 +111,9 @@ void FormWindow::fitLabel(QLabel& label) {
     label.setWordWrap(label.height() >= 2 * lineHeight);
     if (label.wordWrap())
         return;
+    const QFont fitting = fittingFont(label.font(), label.text(), label.width());
+    if (fitting == label.font() && label.height() >= lineHeight)
+        return;
     const int width = std::max(label.width(), roomBeside(label));
     label.setFont(fittingFont(label.font(), label.text(), width));
     label.resize(width, std::max(label.height(), lineHeight));
@@ -135,13 +141,15 @@ void FormWindow::giveAccessKeys() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore(); // the form decides, and has its window taken away
-    enter([this] { form_.close(); });
+    if (isVisible())
+        enter([this] { form_.close(); });
 }
 
-// Nothing of a window that goes reaches its form any more.
+// Nothing of a window that goes reaches its form any more: the controls may be gone before it.
 void FormWindow::hideEvent(QHideEvent* event) {
-    for (auto* timer : findChildren<QTimer*>())
-        timer->stop();
+    if (!event->spontaneous()) // which is only minimized
+        for (const auto* child : findChildren<QObject*>())
+            child->disconnect(this);
     QWidget::hideEvent(event);
 }
 
@@ -189,9 +197,10 @@ QWidget* FormWindow::makePicture(const Control& control) {
 
 QWidget* FormWindow::makeDropDownList(Control& control) {
     auto* list = new QComboBox(this);
+    const GlyphCharacters characters(fontOf(control.design().font, font()));
     for (const std::string& entry : control.List)
-        list->addItem(displayText(entry));
-    list->setPlaceholderText(displayText(control.Caption()));
+        list->addItem(characters.of(entry));
+    list->setPlaceholderText(characters.of(control.Caption()));
     list->setCurrentIndex(control.ListIndex);
     connect(list, &QComboBox::activated, this,
             [&control](int index) { enter([&control, index] { control.choose(index); }); });
@@ -207,7 +216,7 @@ QWidget* FormWindow::makeTextBox(Control& control) {
             shown->setText(text);
     };
     connect(box, &QLineEdit::textChanged, this,
-            [&control](const QString& text) { control.Text(glyphText(text)); });
+            [&control](const QString& text) { enter([&] { control.Text(glyphText(text)); }); });
     return box;
 }
 

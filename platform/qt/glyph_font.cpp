@@ -1,6 +1,5 @@
 #include "platform/qt/glyph_font.h"
 
-#include "base/windows1252.h"
 #include "platform/qt/text_codec.h"
 
 #include <QFontMetricsF>
@@ -25,18 +24,20 @@ QFont exactFont(const EditBox& box) {
     return font;
 }
 
-Advance advanceOf(const QFontMetricsF& metrics, char glyph) {
-    const QChar shown = GlyphFont::isDrawn(glyph) ? QChar(unicodeOfByte(glyphCode(glyph))) : u'0';
+Advance advanceOf(const QFontMetricsF& metrics, QChar shown) {
     const double pixels = metrics.horizontalAdvance(shown);
     return std::max(0, static_cast<Advance>(std::lround(pixels * advancePerPixel)));
 }
 
 } // namespace
 
-GlyphFont::GlyphFont(const EditBox& box) : font_(exactFont(box)) {
+GlyphFont::GlyphFont(const EditBox& box) : font_(exactFont(box)), characters_(font_) {
     const QFontMetricsF metrics(font_);
-    for (std::size_t code = 0; code < advances_.size(); ++code)
-        advances_[code] = advanceOf(metrics, static_cast<char>(code));
+    for (std::size_t code = 0; code < advances_.size(); ++code) {
+        const auto glyph = static_cast<char>(code);
+        const char shown = characters_.isDrawn(glyph) ? glyph : '0';
+        advances_[code] = advanceOf(metrics, characters_.of(shown));
+    }
     ascent_ = static_cast<int>(std::ceil(metrics.ascent()));
     lineHeight_ = std::max(1, ascent_ + static_cast<int>(std::ceil(metrics.descent())));
 }
@@ -46,12 +47,6 @@ LineMetrics GlyphFont::lineMetrics(int width) const {
     return {.advances = advances_,
             .tabStop = std::max(1, zero * tabWidth),
             .width = std::max(1, width) * advancePerPixel};
-}
-
-bool GlyphFont::isDrawn(char glyph) {
-    const char16_t character = unicodeOfByte(glyphCode(glyph));
-    const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
-    return !isControl;
 }
 
 } // namespace quillet

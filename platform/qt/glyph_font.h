@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/edit_box.h"
+#include "platform/qt/glyph_text.h"
 
 #include <QFont>
 
@@ -23,11 +24,12 @@ class GlyphFont {
     /// The metrics of lines `width` logical pixels wide.
     LineMetrics lineMetrics(int width) const;
 
-    /// Control characters have no glyph; they are shown as a small frame.
-    static bool isDrawn(char glyph);
+    /// What shows a text. Glyphs that are not drawn are shown as a small frame.
+    const GlyphCharacters& characters() const { return characters_; }
 
   private:
     QFont font_;
+    GlyphCharacters characters_;
     std::array<Advance, 256> advances_{};
     int lineHeight_ = 1;
     int ascent_ = 1;

@@ -1,7 +1,5 @@
 #include "platform/qt/line_painter.h"
 
-#include "platform/qt/text_codec.h"
-
 #include <QPainter>
 
 #include <algorithm>
@@ -9,12 +7,13 @@
 namespace quillet {
 
 LinePainter::LinePainter(QPainter& painter, const EditBox& box, const GlyphFont& font,
-                         const QPalette& palette, QPalette::ColorGroup group)
+                         const QPalette& palette, QPalette::ColorGroup group, const QRect& area)
     : painter_(painter),
       box_(box),
       font_(font),
       palette_(palette),
-      group_(group) {
+      group_(group),
+      area_(area) {
     painter_.setFont(font.font());
 }
 
@@ -33,6 +32,19 @@ void LinePainter::measure(Position line) {
     offsets_.assign(1, 0);
     for (const char glyph : text_)
         offsets_.push_back(box_.lines().advanceFrom(offsets_.back(), glyph));
+    chooseWords();
+}
+
+// Whole words, within which glyphs change each other's look.
+void LinePainter::chooseWords() {
+    const auto indexAt = [this](double x) {
+        const double offset = (x - origin_.x()) * advancePerPixel;
+        const auto found = std::lower_bound(offsets_.begin(), offsets_.end(), offset);
+        return std::min(static_cast<std::size_t>(found - offsets_.begin()), text_.size());
+    };
+    const auto blank = text_.rfind(' ', indexAt(area_.left() - reach(font_)));
+    first_ = blank == GlyphString::npos ? 0 : blank;
+    last_ = std::min(text_.find(' ', indexAt(area_.right() + reach(font_))), text_.size());
 }
 
 // The selected text is painted over once more, because glyphs reach beyond their own width.
@@ -56,9 +68,9 @@ void LinePainter::paintSelection(Position line) {
 
 void LinePainter::paintText(const QColor& color) {
     painter_.setPen(color);
-    std::size_t from = 0;
-    for (std::size_t at = 0; at < text_.size(); ++at) {
-        if (GlyphFont::isDrawn(text_[at]))
+    std::size_t from = first_;
+    for (std::size_t at = first_; at < last_; ++at) {
+        if (font_.characters().isDrawn(text_[at]))
             continue;
         paintPart(from, at);
         from = at + 1;
@@ -69,14 +81,14 @@ void LinePainter::paintText(const QColor& color) {
         const double height = font_.ascent() / 2.0;
         painter_.drawRect(QRectF(left + 1, origin_.y() + height, right - left - 2, height));
     }
-    paintPart(from, text_.size());
+    paintPart(from, last_);
 }
 
 void LinePainter::paintPart(std::size_t from, std::size_t to) {
     if (from == to)
         return;
     const QPointF baseline(xAt(start_ + static_cast<Position>(from)), origin_.y() + font_.ascent());
-    painter_.drawText(baseline, displayText(GlyphView(text_).substr(from, to - from)));
+    painter_.drawText(baseline, font_.characters().of(GlyphView(text_).substr(from, to - from)));
 }
 
 double LinePainter::xAt(Position place) const {

@@ -1,6 +1,7 @@
 #include "platform/qt/program.h"
 
 #include "platform/qt/box_accessible.h"
+#include "platform/qt/glyph_text.h"
 #include "platform/qt/x11_keyboard.h"
 
 #include <QSettings>
@@ -16,6 +17,7 @@ Program::Program(char** argv)
     QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
     requestDetectableAutoRepeat();
     installBoxAccessible();
+    offerOpenFonts();
 }
 
 } // namespace quillet

@@ -17,10 +17,17 @@ QString displayText(GlyphView text) {
 
 GlyphString glyphText(const QString& text) {
     GlyphString glyphs;
-    const auto characters = text.toUcs4();
-    glyphs.reserve(static_cast<std::size_t>(characters.size()));
-    for (const char32_t character : characters)
-        glyphs.push_back(static_cast<char>(byteOfUnicode(character).value_or('?')));
+    glyphs.reserve(static_cast<std::size_t>(text.size()));
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at].unicode();
+        const bool isPair =
+            QChar::isHighSurrogate(unit) && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        at += isPair ? 1 : 0;
+        const bool isPrivate = unit >= 0xF020 && unit <= 0xF0FF;
+        const auto byte =
+            isPrivate ? static_cast<std::uint8_t>(unit & 0xFF) : byteOfUnicode(unit).value_or('?');
+        glyphs.push_back(static_cast<char>(byte));
+    }
     return glyphs;
 }
 

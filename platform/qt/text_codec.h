@@ -12,7 +12,12 @@ namespace quillet {
 /// Every glyph code as its Windows-1252 character.
 QString displayText(GlyphView text);
 
-/// The glyph codes of a text; what Windows-1252 cannot represent becomes "?".
+/// The character of the private use area that stands for a glyph code in fonts made for the codes.
+inline QChar privateCharacter(char glyph) {
+    return QChar(char16_t{0xF000} + glyphCode(glyph));
+}
+
+/// The glyph codes of a text of Windows-1252 or private characters; what is neither becomes "?".
 GlyphString glyphText(const QString& text);
 
 /// Whether data from another program is text; a list of files alone is none.
