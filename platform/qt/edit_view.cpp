@@ -121,6 +121,7 @@ void EditView::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void EditView::scrollContentsBy(int /*dx*/, int dy) {
+    shownCaret_.translate(0, dy * font_.lineHeight());
     if (std::abs(dy) <= visibleLines())
         viewport()->scroll(0, dy * font_.lineHeight());
     else
@@ -255,6 +256,8 @@ void EditView::settle() {
         updateSelection(shownSelection_);
     }
     showCaret();
+    viewport()->update(shownCaret_);
+    shownCaret_ = caretRect();
     restartBlinking();
     idleTimer_.start(0, this);
 }
@@ -314,6 +317,8 @@ void EditView::showNow() {
 }
 
 void EditView::updateSelection(const Selection& selection) {
+    if (selection.isEmpty())
+        return;
     const Position end = box_.length();
     const Position first = box_.lines().lineOf(std::min(selection.start(), end));
     const Position last = box_.lines().lineOf(std::min(selection.end(), end));

@@ -84,6 +84,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     BoxKeyboard keyboard_;
     GlyphFont font_;
     Selection shownSelection_;
+    QRect shownCaret_;
     QBasicTimer blinkTimer_;
     QBasicTimer idleTimer_; // runs while the box has something to catch up with
     BoxMouse mouse_;
