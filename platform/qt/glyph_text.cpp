@@ -34,10 +34,9 @@ bool hasPrivateCharacters(QFont font) {
 
 } // namespace
 
+// The toolkit substitutes a family only where it is missing.
 void offerOpenFonts() {
     for (const OpenFont& font : openFonts) {
-        if (QFontDatabase::hasFamily(font.standsFor))
-            continue;
         for (const char* file : font.files)
             QFontDatabase::addApplicationFont(file);
         QFont::insertSubstitution(font.standsFor, font.family);
