@@ -146,7 +146,7 @@ TEST_F(Reader, ReadsByCharacterWordAndLine) {
 }
 
 TEST_F(Reader, FindsCharactersOnTheScreen) {
-    open("one\r\n" + std::string(200, 'W') + "\r\n\x80\x99 end");
+    open("one\r\n" + std::string(200, 'd') + "\r\n\x80\x99 end");
     const AtspiRect window = box.area();
     const int left = box.areaOf(0).x;
     AtspiRect before{};
