@@ -34,7 +34,7 @@ template <class Strike>
 void typeParagraph(benchmark::State& state, Strike strike) {
     TestWindow window;
     prepare(window, state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Clock::duration spent{};
         for (const char character : paragraph)
             spent += strike(window.txtMain, typing::keyOf(character));

@@ -31,7 +31,7 @@ void save(benchmark::State& state) {
     PosixFiles files;
     std::vector<double> bare;
     std::vector<double> saved;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const auto start = Clock::now();
         writeAndFlush(path, text);
         const auto between = Clock::now();

@@ -44,7 +44,7 @@ double secondsOf(const std::string& command) {
 template <class Prepare, class Work>
 void measure(benchmark::State& state, double peerSeconds, Prepare prepare, Work work) {
     std::vector<double> times;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         prepare();
         const auto start = Clock::now();
         work();

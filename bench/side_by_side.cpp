@@ -27,7 +27,7 @@ void measureSideBySide(const std::string& name, const std::vector<Subject>& subj
     for (std::size_t i = 0; i < subjects.size(); ++i) {
         const auto report = [series = all[i], reference](benchmark::State& state) {
             auto next = series.begin();
-            for (auto _ : state)
+            for ([[maybe_unused]] auto _ : state)
                 state.SetIterationTime(*next++);
             constexpr double milliseconds = 1000;
             state.counters["median_ms"] = quantile(series, 0.5) * milliseconds;

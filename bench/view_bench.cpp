@@ -119,7 +119,7 @@ void keyToLines(benchmark::State& state, Place place) {
     stage.comeToRest();
     Samples samples(state);
     bool atEnd = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (place == Place::AfterJump) {
             atEnd = !atEnd;
             stage.jump(atEnd ? Qt::Key_End : Qt::Key_Home);
@@ -152,7 +152,7 @@ void jumpToPaint(benchmark::State& state) {
     stage.strike();
     Samples samples(state);
     bool atEnd = false;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         atEnd = !atEnd;
         const auto start = Clock::now();
         stage.jump(atEnd ? Qt::Key_End : Qt::Key_Home);
@@ -168,14 +168,14 @@ void keyInHugeParagraph(benchmark::State& state) {
     stage.load(GlyphString(documentSize(state), 'd'));
     stage.rest();
     Samples samples(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         samples.add(stage.strike());
         stage.rest(); // one round only: the wrap of the last key is never finished
     }
 }
 
 std::string documentFile(std::size_t size) {
-    const std::string path = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
+    std::string path = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
     const GlyphString text = prose(size);
     PosixFiles().write(path, std::array{GlyphView(text)});
     return path;
@@ -186,7 +186,7 @@ void openToFirstPage(benchmark::State& state) {
     const std::string path = documentFile(size);
     Samples samples(state);
     double most = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Stage<OurWindow> stage;
         stage.desktop.choices.emplace_back(path);
         resetPeak();
@@ -202,7 +202,7 @@ void openToFirstPage(benchmark::State& state) {
 void openInBareWidget(benchmark::State& state) {
     const GlyphString text = prose(documentSize(state));
     Samples samples(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Stage<BareWindow> stage;
         samples.add(stage.timeToPaint([&] { stage.load(text); }));
     }
@@ -215,7 +215,7 @@ void rewrap(benchmark::State& state) {
     stage.rest();
     Samples samples(state);
     int round = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ++round;
         samples.add(stage.timeToPaint([&] {
             if (round % 2 == 0)
