@@ -93,6 +93,8 @@ class Searcher {
 // Writes a text from its start to its end.
 class Writer {
   public:
+    explicit Writer(Position limit) : limit_(static_cast<std::size_t>(limit)) {}
+
     void add(GlyphView part) {
         if (part.empty())
             return;
@@ -127,7 +129,7 @@ class Writer {
 
     void makeRoom(std::size_t count) {
         commit();
-        const std::size_t left = static_cast<std::size_t>(maxTextLength) - text_.size();
+        const std::size_t left = limit_ - text_.size();
         if (count > left)
             throw RunTimeError(ErrorNumber::OutOfMemory);
         const std::size_t wanted = std::clamp(text_.size(), leastRoom, mostRoom);
@@ -135,6 +137,7 @@ class Writer {
         start_ = end_ = text_.prepareAppend(room_);
     }
 
+    std::size_t limit_;
     GapBuffer text_;
     char* start_ = nullptr; // of what has not been committed
     char* end_ = nullptr;
@@ -148,8 +151,8 @@ std::optional<Position> findText(const Parts& text, Position from, GlyphView wha
     return found == Searcher::none ? std::nullopt : std::optional(static_cast<Position>(found));
 }
 
-GapBuffer replaceAll(const Parts& text, GlyphView what, GlyphView with) {
-    Writer result;
+GapBuffer replaceAll(const Parts& text, GlyphView what, GlyphView with, Position limit) {
+    Writer result(limit);
     std::size_t done = 0;
     if (!what.empty()) {
         const Searcher searcher(text, what);

@@ -13,7 +13,8 @@ std::optional<Position> findText(const GapBuffer::Spans& text, Position from, Gl
 
 /// The text with `with` in place of every `what`, from left to right: matches do not overlap, and
 /// what was put in is not searched. With an empty `what` it is the text as it was. A result longer
-/// than `maxTextLength` fails with `OutOfMemory`.
-GapBuffer replaceAll(const GapBuffer::Spans& text, GlyphView what, GlyphView with);
+/// than `limit` fails with `OutOfMemory`.
+GapBuffer replaceAll(const GapBuffer::Spans& text, GlyphView what, GlyphView with,
+                     Position limit = maxTextLength);
 
 } // namespace quillet
