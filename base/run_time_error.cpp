@@ -10,6 +10,12 @@ const char* RunTimeError::what() const noexcept {
         return "Overflow";
     case ErrorNumber::OutOfMemory:
         return "Out of memory";
+    case ErrorNumber::SubscriptOutOfRange:
+        return "Subscript out of range";
+    case ErrorNumber::DivisionByZero:
+        return "Division by zero";
+    case ErrorNumber::TypeMismatch:
+        return "Type mismatch";
     case ErrorNumber::FileNotFound:
         return "File not found";
     case ErrorNumber::PermissionDenied:

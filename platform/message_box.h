@@ -9,6 +9,7 @@ namespace quillet {
 inline constexpr const char* applicationTitle = "Quillet1.0";
 
 enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class MessageIcon { None, Information, Exclamation };
 enum class Answer { Ok, Yes, No, Cancel };
 
 /// What a message box shows. Text and title are UTF-8.
@@ -16,6 +17,7 @@ struct Message {
     std::string text;
     Buttons buttons = Buttons::Ok;
     std::string title = applicationTitle;
+    MessageIcon icon = MessageIcon::None;
 };
 
 class MessageBox {

@@ -1,7 +1,8 @@
-// The screen that the windows are laid out for.
+// The screen that the windows are laid out for, and the mouse pointer on it.
 #pragma once
 
 #include "base/twips.h"
+#include "platform/pointer.h"
 
 namespace quillet {
 
@@ -11,6 +12,10 @@ class Screen {
 
     virtual Twips width() const = 0;
     virtual Twips height() const = 0;
+
+    /// The pointer over all windows of the program, until it is set again; `Default` gives each
+    /// its own back.
+    virtual void MousePointer(Pointer pointer) = 0;
 };
 
 } // namespace quillet

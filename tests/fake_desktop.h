@@ -32,8 +32,10 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
 
     Answer show(const Message& message) override {
         constexpr const char* buttons[] = {"OK", "Yes/No", "Yes/No/Cancel"};
+        constexpr const char* icons[] = {"", " (i)", " (!)"};
         calls.push_back("ask " + message.text + " [" +
-                        buttons[static_cast<std::size_t>(message.buttons)] + "] " + message.title);
+                        buttons[static_cast<std::size_t>(message.buttons)] + "] " + message.title +
+                        icons[static_cast<std::size_t>(message.icon)]);
         return next(answers, Answer::Ok);
     }
 
@@ -73,6 +75,9 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
     // 1024 x 768 pixels at 96 dots per inch.
     Twips width() const override { return {15360}; }
     Twips height() const override { return {11520}; }
+    void MousePointer(Pointer pointer) override {
+        calls.emplace_back(pointer == Pointer::Hourglass ? "hourglass" : "default pointer");
+    }
 
   private:
     template <class Queue, class Value>

@@ -22,6 +22,18 @@
 namespace quillet {
 namespace {
 
+QMessageBox::Icon qtIcon(MessageIcon icon) {
+    switch (icon) {
+    case MessageIcon::None:
+        return QMessageBox::NoIcon;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    }
+    return QMessageBox::NoIcon;
+}
+
 QMessageBox::StandardButtons qtButtons(Buttons buttons) {
     switch (buttons) {
     case Buttons::Ok:
@@ -51,7 +63,7 @@ Answer answerOf(int button) {
 class PatientBox : public QMessageBox {
   public:
     PatientBox(const Message& message, QWidget* parent)
-        : QMessageBox(NoIcon, fromUtf8(message.title), fromUtf8(message.text),
+        : QMessageBox(qtIcon(message.icon), fromUtf8(message.title), fromUtf8(message.text),
                       qtButtons(message.buttons), parent),
           mustChoose_(message.buttons == Buttons::YesNo) {
         setTextFormat(Qt::PlainText);
@@ -156,6 +168,14 @@ Twips QtScreen::width() const {
 
 Twips QtScreen::height() const {
     return fromPixels(QGuiApplication::primaryScreen()->size().height(), dotsPerInch());
+}
+
+// Qt keeps a stack of pointers; here there is one, however often it is set.
+void QtScreen::MousePointer(Pointer pointer) {
+    while (QGuiApplication::overrideCursor() != nullptr)
+        QGuiApplication::restoreOverrideCursor();
+    if (pointer == Pointer::Hourglass)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
 } // namespace quillet

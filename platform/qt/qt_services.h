@@ -29,6 +29,7 @@ class QtScreen : public Screen {
   public:
     Twips width() const override;
     Twips height() const override;
+    void MousePointer(Pointer pointer) override;
 
     /// Lengths in logical pixels, at the dots per inch of the primary screen.
     static double dotsPerInch();
