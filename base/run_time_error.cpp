@@ -26,6 +26,8 @@ const char* RunTimeError::what() const noexcept {
         return "Path not found";
     case ErrorNumber::InvalidPropertyValue:
         return "Invalid property value";
+    case ErrorNumber::PrinterError:
+        return "Printer error";
     case ErrorNumber::DialogCancelled:
         return "Cancel was selected.";
     }

@@ -18,6 +18,7 @@ enum class ErrorNumber {
     PathFileAccess = 75,
     PathNotFound = 76,
     InvalidPropertyValue = 380,
+    PrinterError = 482,
     DialogCancelled = 32755,
 };
 

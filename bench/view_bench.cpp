@@ -29,7 +29,7 @@ std::size_t documentSize(const benchmark::State& state) {
 struct OurWindow {
     FakeDesktop desktop;
     PosixFiles files;
-    frmQuillet form{{desktop, desktop, files, desktop, desktop, desktop.forms}};
+    frmQuillet form{desktop.services(files)};
     MainWindow window{form};
 
     OurWindow() { form.show(); }

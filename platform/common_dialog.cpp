@@ -27,10 +27,20 @@ std::vector<FileFilter> parseFilters(std::string_view text) {
 }
 
 void CommonDialog::show(FileChooser::Purpose purpose) {
-    const auto chosen = chooser_.choose(purpose, parseFilters(Filter), FileName);
+    const auto chosen = files_.choose(purpose, parseFilters(Filter), FileName);
     if (chosen)
         FileName = *chosen;
-    else if (CancelError)
+    else
+        cancelled();
+}
+
+void CommonDialog::ShowPrinter() {
+    if (!printers_.choosePrinter())
+        cancelled();
+}
+
+void CommonDialog::cancelled() const {
+    if (CancelError)
         throw RunTimeError(ErrorNumber::DialogCancelled);
 }
 

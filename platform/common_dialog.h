@@ -1,4 +1,4 @@
-// The file dialog of a window, and what it asks of the desktop.
+// The dialogs for files and printers of a window, and what it asks of the desktop.
 #pragma once
 
 #include <optional>
@@ -34,10 +34,21 @@ class FileChooser {
                                               const std::string& startName) = 0;
 };
 
-/// The one file dialog that all commands of a window share. It keeps its file name between uses.
+class PrinterChooser {
+  public:
+    virtual ~PrinterChooser() = default;
+
+    /// Lets the user choose the printer and its settings for the job that begins then. False on
+    /// cancel.
+    virtual bool choosePrinter() = 0;
+};
+
+/// The one dialog that all commands of a window share. It keeps its file name between uses.
 class CommonDialog {
   public:
-    explicit CommonDialog(FileChooser& chooser) : chooser_(chooser) {}
+    CommonDialog(FileChooser& files, PrinterChooser& printers)
+        : files_(files),
+          printers_(printers) {}
 
     /// Whether a cancelled dialog fails with an error; without it a cancel goes unnoticed.
     bool CancelError = false;
@@ -50,11 +61,15 @@ class CommonDialog {
 
     void ShowOpen() { show(FileChooser::Purpose::Open); }
     void ShowSave() { show(FileChooser::Purpose::Save); }
+    void ShowPrinter();
 
   private:
     void show(FileChooser::Purpose purpose);
 
-    FileChooser& chooser_;
+    void cancelled() const;
+
+    FileChooser& files_;
+    PrinterChooser& printers_;
 };
 
 } // namespace quillet

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/common_dialog.h"
+#include "platform/desktop.h"
 #include "platform/edit_box.h"
 #include "platform/form.h"
 
@@ -17,9 +18,9 @@ inline constexpr const char* krutiDev010 = "Kruti Dev 010";
 
 /// What every command of the main window may read and change.
 struct MainState : Form {
-    MainState(FormHost& forms, const FormDesign& design, FileChooser& fileChooser)
-        : Form(forms, design),
-          cdbOpenSave(fileChooser) {}
+    MainState(const Desktop& desktop, const FormDesign& design)
+        : Form(desktop.forms, design),
+          cdbOpenSave(desktop.fileChooser, desktop.printerChooser) {}
 
     /// The document: there is no other than the text of this box.
     EditBox txtMain{{.name = krutiDev010, .size = 15.75}};

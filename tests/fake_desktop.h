@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
+#include "tests/fake_printer.h"
 #include "tests/fakes.h"
 
 #include <deque>
@@ -18,7 +19,7 @@
 
 namespace quillet {
 
-struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
+struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, Screen {
     std::deque<Answer> answers;                     // of the next message boxes; then Ok
     std::deque<std::optional<std::string>> choices; // of the next file dialogs; then cancel
     std::map<std::string, GlyphString> disk;
@@ -26,9 +27,15 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
     GlyphString clipboard;
     bool clipboardFails = false;
     std::vector<std::string> calls; // what was asked, in order
+    bool choosesPrinter = true;     // in the next print dialogs
+    FakePrinter printer;
     FakeForms forms;
 
-    Desktop services() { return {*this, *this, *this, *this, *this, forms}; }
+    /// With other files than its own where they are given.
+    Desktop services() { return services(*this); }
+    Desktop services(Files& files) {
+        return {*this, *this, *this, printer, files, *this, *this, forms};
+    }
 
     Answer show(const Message& message) override {
         constexpr const char* buttons[] = {"OK", "Yes/No", "Yes/No/Cancel"};
@@ -47,6 +54,11 @@ struct FakeDesktop : MessageBox, FileChooser, Files, Clipboard, Screen {
             call += " " + filter.patterns;
         calls.push_back(call);
         return next(choices, std::optional<std::string>());
+    }
+
+    bool choosePrinter() override {
+        calls.emplace_back("choose printer");
+        return choosesPrinter;
     }
 
     GapBuffer read(const std::string& path) override {

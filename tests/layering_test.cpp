@@ -21,9 +21,10 @@ const std::map<std::string, std::vector<std::string>> below = {
     {"platform", {"base"}},
     {"platform/posix", {"base", "platform"}},
     {"engine", {"base", "platform"}},
+    {"output", {"base", "platform"}},
     {"search", {"base", "platform"}},
-    {"window", {"base", "platform", "engine", "search"}},
-    {"platform/qt", {"base", "platform", "platform/posix", "engine", "search", "window"}},
+    {"window", {"base", "platform", "engine", "output", "search"}},
+    {"platform/qt", {"base", "platform", "platform/posix", "engine", "output", "search", "window"}},
 };
 
 const fs::path root = QUILLET_SOURCE_DIR;

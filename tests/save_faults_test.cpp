@@ -191,8 +191,7 @@ TEST_F(SaveFaultsTest, AFailingCallLeavesTheOldOrTheNewContent) {
 
 // On a desktop of stand-ins, but for its files.
 struct FileWindow : OwnDesktop, frmQuillet {
-    explicit FileWindow(Files& files)
-        : frmQuillet({desktop, desktop, files, desktop, desktop, desktop.forms}) {}
+    explicit FileWindow(Files& files) : frmQuillet(desktop.services(files)) {}
 };
 
 TEST_F(SaveFaultsTest, CommandsPassOverAFailingCall) {

@@ -127,6 +127,7 @@ const std::map<std::string, std::string> effects = {
      "changes made to file? [Yes/No] Quillet1.0|open at '': *.qlt* *.txt* *.htm* *.*|read "},
     {"mnuSave", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
     {"mnuSaveAs", "abc|1+1|Inscript|Q||T|save at '': *.qlt* *.txt* *.*"},
+    {"mnuPrint", "abc|1+1|Inscript|Q||T|choose printer|hourglass|default pointer"},
     {"mnuClose", "abc|1+1|Inscript|Q||T|ask Do you want to save changes made since you last opened "
                  "the file? [Yes/No/Cancel] Quillet1.0"},
     {"mnuExit",
@@ -171,6 +172,7 @@ const std::map<std::string, std::string> sameAs = {
     {"New", "mnuNew"},
     {"Open", "mnuOpen"},
     {"Save", "mnuSave"},
+    {"Print", "mnuPrint"},
     {"Cut", "mnuCut"},
     {"Copy", "mnuCopy"},
     {"Paste", "mnuPaste"},

@@ -20,13 +20,14 @@ constexpr FormDesign mainDesign = {"frmQuillet",
 } // namespace
 
 frmQuillet::frmQuillet(const Desktop& desktop)
-    : MainState(desktop.forms, mainDesign, desktop.fileChooser),
+    : MainState(desktop, mainDesign),
       InputEngine(*this, desktop.forms),
       DocumentFiles(*this, desktop),
       EditCommands(*this, desktop),
       MemoryCommands(static_cast<MainState&>(*this)), // a plain *this would mean to copy
       LookCommands(*this, desktop.messageBox),
       Counting(*this, desktop.messageBox),
+      PrintCommand(*this, desktop),
       screen_(desktop.screen),
       messageBox_(desktop.messageBox),
       find_(desktop.forms, desktop.messageBox, txtMain),

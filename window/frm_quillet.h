@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/input_engine.h"
+#include "output/print_command.h"
 #include "platform/desktop.h"
 #include "platform/main_state.h"
 #include "search/counting.h"
@@ -26,7 +27,8 @@ class frmQuillet : public MainState,
                    public EditCommands,
                    public MemoryCommands,
                    public LookCommands,
-                   public Counting {
+                   public Counting,
+                   public PrintCommand {
   public:
     explicit frmQuillet(const Desktop& desktop);
 

@@ -18,7 +18,7 @@ constexpr std::array<MenuRow, 60> rows = {{
     {1, "mnuSave",             "Save",               0,   &frmQuillet::mnuSave_Click},
     {1, "mnuSaveAs",           "Save As",            'S', &frmQuillet::mnuSaveAs_Click},
     {1, "mnuSeparaterFile2",   "-"},
-    {1, "mnuPrint",            "Print",              'P'},
+    {1, "mnuPrint",            "Print",              'P', &frmQuillet::mnuPrint_Click},
     {1, "mnuClose",            "Close",              0,   &frmQuillet::mnuClose_Click},
     {1, "mnuSeparaterFile3",   "-"},
     {1, "mnuExit",             "Exit",               'E', &frmQuillet::mnuExit_Click},

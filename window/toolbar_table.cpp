@@ -46,7 +46,7 @@ constexpr std::array<ToolbarButton, 32> buttons = {{
 constexpr std::array<ToolbarCommand, 25> commands = {{
     {"Open",            &frmQuillet::mnuOpen_Click},
     {"Save",            &frmQuillet::mnuSave_Click},
-    {"Print",           nullptr},
+    {"Print",           &frmQuillet::mnuPrint_Click},
     {"Cut",             &frmQuillet::mnuCut_Click},
     {"Copy",            &frmQuillet::mnuCopy_Click},
     {"Paste",           &frmQuillet::mnuPaste_Click},

@@ -12,15 +12,11 @@ namespace {
 
 constexpr int tabWidth = 8; // zeros between two tab stops
 
-QFont exactFont(const EditBox& box) {
-    QFont font(fromUtf8(box.FontName()));
-    font.setPointSizeF(box.FontSize());
+QFont fontOf(const EditBox& box) {
+    QFont font = exactFont(fromUtf8(box.FontName()), box.FontSize());
     font.setBold(box.FontBold());
     font.setItalic(box.FontItalic());
     font.setUnderline(box.FontUnderline());
-    font.setKerning(false);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::NoFontMerging);
     return font;
 }
 
@@ -31,12 +27,11 @@ Advance advanceOf(const QFontMetricsF& metrics, QChar shown) {
 
 } // namespace
 
-GlyphFont::GlyphFont(const EditBox& box) : font_(exactFont(box)), characters_(font_) {
+GlyphFont::GlyphFont(const EditBox& box) : font_(fontOf(box)), characters_(font_) {
     const QFontMetricsF metrics(font_);
     for (std::size_t code = 0; code < advances_.size(); ++code) {
-        const auto glyph = static_cast<char>(code);
-        const char shown = characters_.isDrawn(glyph) ? glyph : '0';
-        advances_[code] = advanceOf(metrics, characters_.of(shown));
+        const QChar measured = characters_.measured(static_cast<char>(code));
+        advances_[code] = advanceOf(metrics, measured);
     }
     ascent_ = static_cast<int>(std::ceil(metrics.ascent()));
     lineHeight_ = std::max(1, ascent_ + static_cast<int>(std::ceil(metrics.descent())));

@@ -8,8 +8,7 @@
 
 namespace quillet {
 
-/// A font whose glyphs stand exactly where the table of advances says: without kerning, hinting
-/// and glyphs from other fonts.
+/// Its glyphs stand exactly where the table of advances says.
 class GlyphFont {
   public:
     /// The font of `box` as it is now.

@@ -43,6 +43,15 @@ void offerOpenFonts() {
     }
 }
 
+QFont exactFont(const QString& family, double points) {
+    QFont font(family);
+    font.setPointSizeF(points);
+    font.setKerning(false);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoFontMerging);
+    return font;
+}
+
 GlyphCharacters::GlyphCharacters(const QFont& font) : isPrivate_(hasPrivateCharacters(font)) {}
 
 QChar GlyphCharacters::of(char glyph) const {

@@ -12,6 +12,10 @@ namespace quillet {
 /// not installed. To be called once, before a window is made.
 void offerOpenFonts();
 
+/// A font whose glyphs stand where its metrics say: without kerning, hinting and glyphs from other
+/// fonts.
+QFont exactFont(const QString& family, double points);
+
 /// The characters that show glyph codes in one font. Fonts made for these codes have them in the
 /// private use area, beyond what the toolkit thinks of soft hyphens and control characters; in
 /// all others they are the Windows-1252 characters, but a hyphen for the soft one, which would
@@ -25,6 +29,9 @@ class GlyphCharacters {
 
     /// Control characters have no glyph; in fonts made for the codes there are fewer of them.
     bool isDrawn(char glyph) const;
+
+    /// The character that is as wide as a glyph: one that is not drawn takes the room of a zero.
+    QChar measured(char glyph) const { return of(isDrawn(glyph) ? glyph : '0'); }
 
   private:
     bool isPrivate_;

@@ -3,6 +3,7 @@
 
 #include "platform/posix/posix_files.h"
 #include "platform/qt/qt_forms.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_services.h"
 #include "window/frm_quillet.h"
 #include "window/frm_splash.h"
@@ -34,6 +35,7 @@ class Program {
     QtClipboard clipboard_;
     QtScreen screen_;
     PosixFiles files_;
+    QtPrinter printer_{files_};
     QtForms forms_;
     frmQuillet mainWindow_;
     frmSplash splash_;
