@@ -68,18 +68,6 @@ int Process::waitForExit() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-std::string output(const std::string& command) {
-    std::string text;
-    FILE* pipe = popen((command + " 2>/dev/null").c_str(), "r");
-    std::array<char, 4096> part{};
-    while (const std::size_t count = fread(part.data(), 1, part.size(), pipe))
-        text.append(part.data(), count);
-    pclose(pipe);
-    while (!text.empty() && text.back() == '\n')
-        text.pop_back();
-    return text;
-}
-
 bool waitUntil(const std::function<bool()>& condition) {
     using namespace std::chrono_literals;
     const auto end = std::chrono::steady_clock::now() + 10s;

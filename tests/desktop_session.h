@@ -1,6 +1,8 @@
 // The real program on a display of its own, driven by real key events.
 #pragma once
 
+#include "tests/shell.h"
+
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -27,9 +29,6 @@ class Process {
   private:
     pid_t pid_;
 };
-
-/// Runs a shell command and returns what it printed.
-std::string output(const std::string& command);
 
 /// Waits until `condition` holds; false after ten seconds.
 bool waitUntil(const std::function<bool()>& condition);

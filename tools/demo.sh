@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Shows the program at work on a screen of its own: it types a letter with real keys, saves it
-# through the dialog and leaves demo/letter.qlt and demo/screenshot.png. The program is at
-# build/quillet. Neither the desktop nor the settings of whoever runs this are touched.
+# and prints it through the dialogs and leaves demo/letter.qlt, demo/letter.pdf and
+# demo/screenshot.png. The program is at build/quillet. Neither the desktop nor the settings of whoever runs this are touched.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -99,6 +99,17 @@ saveLetter() {
     waitFor "the saved letter" isActive "$savedTitle"
 }
 
+# Where no printer is known, the dialog prints into a file.
+printLetter() {
+    xdotool key ctrl+p
+    waitFor "the Print dialog" isActive '^Print$'
+    xdotool key alt+f ctrl+a
+    typeKeys "$PWD/demo/letter.pdf"
+    xdotool key Return
+    waitFor "the printed letter" test -s demo/letter.pdf
+    waitFor "the window" isActive "$savedTitle"
+}
+
 # Two pictures alike: nothing is being painted any more.
 screenStandsStill() {
     scrot --overwrite "$scratch/before.png" && sleep 0.2 &&
@@ -106,11 +117,11 @@ screenStandsStill() {
 }
 
 export HOME=$scratch XDG_CONFIG_HOME=$scratch XDG_CACHE_HOME=$scratch XDG_RUNTIME_DIR=$scratch
-export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
+export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb CUPS_SERVER=/nowhere
 unset WAYLAND_DISPLAY SESSION_MANAGER DBUS_SESSION_BUS_ADDRESS
 
 mkdir -p demo
-rm -f demo/letter.qlt demo/screenshot.png
+rm -f demo/letter.qlt demo/letter.pdf demo/screenshot.png
 startScreen
 start openbox
 waitFor "the window manager" xdotool get_num_desktops # or the first window gets no keys
@@ -119,8 +130,10 @@ waitFor "the main window" isActive "$startTitle"
 mainWindow=$(xdotool getactivewindow)
 writeLetter
 saveLetter
+printLetter
 waitFor "a still screen" screenStandsStill
 cp "$scratch/after.png" demo/screenshot.png
 [[ $(LC_ALL=C head -c 3 demo/letter.qlt) == "$firstWord" ]] || fail "the letter was not written"
 echo "The letter:     demo/letter.qlt"
+echo "Printed:        demo/letter.pdf"
 echo "The screenshot: demo/screenshot.png"

@@ -7,10 +7,11 @@ buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-qpa-plugins lib
 runPackages=(fonts-dejavu-core fonts-liberation)
 desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
 readerTestPackages=(at-spi2-core dbus-daemon libatspi2.0-dev xclip)
+printTestPackages=(cups-daemon poppler-utils)
 fontPackages=(python3-fonttools libharfbuzz-bin fonts-noto-core)
 benchPackages=(libbenchmark-dev libxcb-xtest0-dev libxcb-damage0-dev)
 testPackages=(libgtest-dev "${desktopTestPackages[@]}" "${readerTestPackages[@]}"
-    "${fontPackages[@]}" "${benchPackages[@]}")
+    "${printTestPackages[@]}" "${fontPackages[@]}" "${benchPackages[@]}")
 ciPackages=(clang clang-format clang-tidy libclang-rt-14-dev git)
 
 # Those of the given packages that are not installed, one a line.

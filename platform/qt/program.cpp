@@ -14,7 +14,8 @@ Program::Program(char** argv)
           {messageBox_, fileChooser_, printer_, printer_, files_, clipboard_, screen_, forms_}),
       splash_(forms_, mainWindow_) {
     QApplication::setApplicationName("Quillet");
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+    // The toolkit's dialogs would keep some for good.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
     requestDetectableAutoRepeat();
     installBoxAccessible();

@@ -9,7 +9,6 @@
 #include "window/frm_splash.h"
 
 #include <QApplication>
-#include <QTemporaryDir>
 
 namespace quillet {
 
@@ -29,7 +28,6 @@ class Program {
   private:
     int argumentCount_ = 1; // the name alone
     QApplication application_;
-    QTemporaryDir settings_; // the toolkit's dialogs would keep some for good
     QtMessageBox messageBox_;
     QtFileChooser fileChooser_;
     QtClipboard clipboard_;

@@ -1,0 +1,42 @@
+// The words of a PDF file and their places, as poppler finds them.
+#pragma once
+
+#include "tests/shell.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace quillet {
+
+struct PrintedWord {
+    int page;    // from 1
+    double x, y; // of the top left corner, in points from that of the page
+    std::string text;
+};
+
+/// Page by page, line by line, from left to right.
+inline std::vector<PrintedWord> printedWords(const std::filesystem::path& file) {
+    const std::string found = output("pdftotext -bbox " + file.string() + " -");
+    const std::regex tag("<page|<word xMin=\"(.*)\" yMin=\"(.*)\" xMax.*>(.*)</word>");
+    std::vector<PrintedWord> words;
+    int page = 0;
+    for (std::sregex_iterator it(found.begin(), found.end(), tag), end; it != end; ++it) {
+        if (!(*it)[1].matched)
+            ++page;
+        else
+            words.push_back({page, std::stod((*it)[1]), std::stod((*it)[2]), (*it)[3]});
+    }
+    const auto place = [](const PrintedWord& word) {
+        return std::tuple(word.page, std::lround(word.y), word.x);
+    };
+    std::sort(words.begin(), words.end(),
+              [&](const auto& a, const auto& b) { return place(a) < place(b); });
+    return words;
+}
+
+} // namespace quillet
