@@ -11,6 +11,7 @@ class MessageBox;
 class Printer;
 class PrinterChooser;
 class Screen;
+class Shell;
 
 /// The desktop's services; each outlives the windows that use it.
 struct Desktop {
@@ -21,6 +22,7 @@ struct Desktop {
     Files& files;
     Clipboard& clipboard;
     Screen& screen;
+    Shell& shell;
     FormHost& forms;
 };
 

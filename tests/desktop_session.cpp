@@ -9,7 +9,6 @@
 #include <memory>
 #include <sstream>
 #include <stdexcept>
-#include <thread>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -66,17 +65,6 @@ int Process::waitForExit() {
         return -1;
     pid_ = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-bool waitUntil(const std::function<bool()>& condition) {
-    using namespace std::chrono_literals;
-    const auto end = std::chrono::steady_clock::now() + 10s;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
 }
 
 Screen::Screen() {

@@ -3,7 +3,6 @@
 
 #include "tests/shell.h"
 
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -29,9 +28,6 @@ class Process {
   private:
     pid_t pid_;
 };
-
-/// Waits until `condition` holds; false after ten seconds.
-bool waitUntil(const std::function<bool()>& condition);
 
 /// What to run, and the title that its window gets the focus under.
 struct Program {

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
+#include "platform/shell.h"
 #include "tests/fake_printer.h"
 #include "tests/fakes.h"
 
@@ -19,7 +20,7 @@
 
 namespace quillet {
 
-struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, Screen {
+struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, Screen, Shell {
     std::deque<Answer> answers;                     // of the next message boxes; then Ok
     std::deque<std::optional<std::string>> choices; // of the next file dialogs; then cancel
     std::map<std::string, GlyphString> disk;
@@ -28,13 +29,14 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
     bool clipboardFails = false;
     std::vector<std::string> calls; // what was asked, in order
     bool choosesPrinter = true;     // in the next print dialogs
+    int shellResult = Shell::Success;
     FakePrinter printer;
     FakeForms forms;
 
     /// With other files than its own where they are given.
     Desktop services() { return services(*this); }
     Desktop services(Files& files) {
-        return {*this, *this, *this, printer, files, *this, *this, forms};
+        return {*this, *this, *this, printer, files, *this, *this, *this, forms};
     }
 
     Answer show(const Message& message) override {
@@ -90,6 +92,15 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
     void MousePointer(Pointer pointer) override {
         calls.emplace_back(pointer == Pointer::Hourglass ? "hourglass" : "default pointer");
     }
+
+    int ShellExecuteA(const std::string& operation, const std::string& file,
+                      const std::string& parameters, const std::string& directory,
+                      int showCommand) override {
+        calls.push_back(operation + " " + file + " '" + parameters + "' " + directory + " " +
+                        std::to_string(showCommand));
+        return shellResult;
+    }
+    std::string programFolder() const override { return "/program"; }
 
   private:
     template <class Queue, class Value>

@@ -21,10 +21,12 @@ const std::map<std::string, std::vector<std::string>> below = {
     {"platform", {"base"}},
     {"platform/posix", {"base", "platform"}},
     {"engine", {"base", "platform"}},
+    {"comm", {"base", "platform"}},
     {"output", {"base", "platform"}},
     {"search", {"base", "platform"}},
-    {"window", {"base", "platform", "engine", "output", "search"}},
-    {"platform/qt", {"base", "platform", "platform/posix", "engine", "output", "search", "window"}},
+    {"window", {"base", "platform", "comm", "engine", "output", "search"}},
+    {"platform/qt",
+     {"base", "platform", "platform/posix", "comm", "engine", "output", "search", "window"}},
 };
 
 const fs::path root = QUILLET_SOURCE_DIR;

@@ -1,9 +1,12 @@
-// Commands of the shell.
+// Commands of the shell, and patience with what they have started.
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdio>
+#include <functional>
 #include <string>
+#include <thread>
 
 namespace quillet {
 
@@ -18,6 +21,18 @@ inline std::string output(const std::string& command) {
     while (!text.empty() && text.back() == '\n')
         text.pop_back();
     return text;
+}
+
+/// Waits until `condition` holds; false after ten seconds.
+inline bool waitUntil(const std::function<bool()>& condition) {
+    using namespace std::chrono_literals;
+    const auto end = std::chrono::steady_clock::now() + 10s;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(10ms);
+    }
+    return true;
 }
 
 } // namespace quillet

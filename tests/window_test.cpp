@@ -1,4 +1,5 @@
 // The tables of the main window, each row walked to its handler, and the keys on their way.
+#include "comm/web_addresses.h"
 #include "platform/key_codes.h"
 #include "tests/test_window.h"
 #include "window/box_keyboard.h"
@@ -158,6 +159,11 @@ const std::map<std::string, std::string> effects = {
     {"mnuAppendMemory", "abc|1+1|Inscript|Q|=MEM\r\nabc|T"},
     {"mnuPasteFromMemory", "abc\r\nMEM|0+0|Inscript|Q||T"},
     {"mnuEmptyMemory", "abc|1+1|Inscript|Q|=|T"},
+    {"mnuSurfNews", "abc|1+1|Inscript|Q||T|ask News website is loading, please wait a while [OK] "
+                    "Quillet1.0|show frmWeb"},
+    {"mnuTips", "abc|1+1|Inscript|Q||T|open help/how_to_use_quillet.htm '' /program 0"},
+    {"mnuLayouts", "abc|1+1|Inscript|Q||T|open help/layouts.htm '' /program 0"},
+    {"mnuVisitSite", "abc|1+1|Inscript|Q||T|open " + std::string(website) + " '' /program 0"},
     {"mnuAbout", "abc|1+1|Inscript|Q||T|show frmAbout"},
     {"Bold", "abc|1+1|Inscript|Q|B|T"},
     {"Italic", "abc|1+1|Inscript|Q|I|T"},
@@ -173,6 +179,9 @@ const std::map<std::string, std::string> sameAs = {
     {"Open", "mnuOpen"},
     {"Save", "mnuSave"},
     {"Print", "mnuPrint"},
+    {"Web", "mnuSurfNews"},
+    {"Help", "mnuTips"},
+    {"Layout", "mnuLayouts"},
     {"Cut", "mnuCut"},
     {"Copy", "mnuCopy"},
     {"Paste", "mnuPaste"},

@@ -1,11 +1,13 @@
 #include "window/frm_about.h"
 
+#include "comm/web_addresses.h"
+
 #include <array>
 
 namespace quillet {
 namespace {
 
-constexpr std::array<ControlDesign, 6> controls = {{
+const std::array<ControlDesign, 6> controls = {{
     {ControlKind::Picture, "imgProduct", "Product", {240}, {240}, {960}, {960}},
     {ControlKind::Label,
      "lblProduct",
@@ -24,12 +26,12 @@ constexpr std::array<ControlDesign, 6> controls = {{
      {5520},
      {900}},
     {ControlKind::Label, "lblDeveloper", "The Quillet developers", {240}, {2340}, {5520}, {300}},
-    {ControlKind::Label, "lblWebsite", QUILLET_WEBSITE, {240}, {2640}, {5520}, {300}},
+    {ControlKind::Label, "lblWebsite", website, {240}, {2640}, {5520}, {300}},
     {ControlKind::Button, "cmdClose", "&Close", {4560}, {3120}, {1200}, {420}},
 }};
 
-constexpr FormDesign aboutDesign = {"frmAbout", "About Quillet", FormFrame::Fixed,
-                                    {6000},     {3780},          controls};
+const FormDesign aboutDesign = {"frmAbout", "About Quillet", FormFrame::Fixed,
+                                {6000},     {3780},          controls};
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // The main window: the document's state and every command on it.
 #pragma once
 
+#include "comm/web_commands.h"
 #include "engine/input_engine.h"
 #include "output/print_command.h"
 #include "platform/desktop.h"
@@ -28,7 +29,8 @@ class frmQuillet : public MainState,
                    public MemoryCommands,
                    public LookCommands,
                    public Counting,
-                   public PrintCommand {
+                   public PrintCommand,
+                   public WebCommands {
   public:
     explicit frmQuillet(const Desktop& desktop);
 

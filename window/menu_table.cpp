@@ -65,7 +65,7 @@ constexpr std::array<MenuRow, 60> rows = {{
 
     {0, "mnuWeb",              "&Web"},
     {1, "mnuSendMail",         "&Send Mail"},
-    {1, "mnuSurfNews",         "&Surf Hindi News"},
+    {1, "mnuSurfNews",         "&Surf Hindi News",  0,   &frmQuillet::mnuSurfNews_Click},
 
     {0, "mnuClipboard",        "&Memory"},
     {1, "mnuAddMemory",        "&Put to memory",     0,   &frmQuillet::mnuAddMemory_Click},
@@ -74,10 +74,10 @@ constexpr std::array<MenuRow, 60> rows = {{
     {1, "mnuEmptyMemory",      "&Empty memory",      0,   &frmQuillet::mnuEmptyMemory_Click},
 
     {0, "mnuHelp",             "&Help"},
-    {1, "mnuTips",             "&How to use Quillet"},
-    {1, "mnuLayouts",          "&Keyboard Layouts"},
+    {1, "mnuTips",             "&How to use Quillet", 0, &frmQuillet::mnuTips_Click},
+    {1, "mnuLayouts",          "&Keyboard Layouts", 0,   &frmQuillet::mnuLayouts_Click},
     {1, "mnuAbout",            "About &Quillet",     'M', &frmQuillet::mnuAbout_Click},
-    {1, "mnuVisitSite",        "&Visit Website"},
+    {1, "mnuVisitSite",        "&Visit Website",    0,   &frmQuillet::mnuVisitSite_Click},
 }};
 
 // What text boxes everywhere offer beside Ctrl+X, C and V.

@@ -66,9 +66,9 @@ constexpr std::array<ToolbarCommand, 25> commands = {{
     {"EmptyMemory",     &frmQuillet::mnuEmptyMemory_Click},
     {"Convert",         nullptr},
     {"Email",           nullptr},
-    {"Web",             nullptr},
-    {"Layout",          nullptr},
-    {"Help",            nullptr},
+    {"Web",             &frmQuillet::mnuSurfNews_Click},
+    {"Layout",          &frmQuillet::mnuLayouts_Click},
+    {"Help",            &frmQuillet::mnuTips_Click},
 }};
 // clang-format on
 

@@ -10,8 +10,8 @@ namespace quillet {
 
 Program::Program(char** argv)
     : application_(argumentCount_, argv),
-      mainWindow_(
-          {messageBox_, fileChooser_, printer_, printer_, files_, clipboard_, screen_, forms_}),
+      mainWindow_({messageBox_, fileChooser_, printer_, printer_, files_, clipboard_, screen_,
+                   shell_, forms_}),
       splash_(forms_, mainWindow_) {
     QApplication::setApplicationName("Quillet");
     // The toolkit's dialogs would keep some for good.

@@ -5,6 +5,7 @@
 #include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_services.h"
+#include "platform/qt/qt_shell.h"
 #include "window/frm_quillet.h"
 #include "window/frm_splash.h"
 
@@ -32,6 +33,7 @@ class Program {
     QtFileChooser fileChooser_;
     QtClipboard clipboard_;
     QtScreen screen_;
+    QtShell shell_;
     PosixFiles files_;
     QtPrinter printer_{files_};
     QtForms forms_;

@@ -1,6 +1,8 @@
 #include "platform/qt/qt_forms.h"
 
+#include "comm/frm_web.h"
 #include "platform/form.h"
+#include "platform/qt/browser_process.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/main_window.h"
@@ -25,7 +27,13 @@ QString titleOf(const Form& form) {
 
 } // namespace
 
+QtForms::QtForms() = default;
+
+QtForms::~QtForms() = default;
+
 void QtForms::show(Form& form) {
+    if (auto* web = dynamic_cast<frmWeb*>(&form))
+        return showWeb(*web);
     QWidget*& window = windows_[&form];
     if (window == nullptr) {
         window = makeWindow(form);
@@ -37,15 +45,29 @@ void QtForms::show(Form& form) {
     window->activateWindow();
 }
 
+void QtForms::showWeb(frmWeb& form) {
+    if (browser_ != nullptr)
+        browser_->bringForward();
+    else
+        browser_ = std::make_unique<BrowserProcess>(form, [&] { enter([&] { form.close(); }); });
+}
+
 void QtForms::hide(Form& form) {
+    if (dynamic_cast<frmWeb*>(&form) != nullptr)
+        browser_.release()->deleteLater(); // its own event is what hides it
+    else
+        dropWindow(form);
+    if (windows_.empty() && browser_ == nullptr)
+        endProgram();
+}
+
+void QtForms::dropWindow(Form& form) {
     const auto found = windows_.find(&form);
     if (found == windows_.end())
         return;
     found->second->hide();
     found->second->deleteLater(); // an event of this window may be what hides it
     windows_.erase(found);
-    if (windows_.empty())
-        endProgram();
 }
 
 void QtForms::captionChanged(Form& form) {
@@ -58,6 +80,7 @@ void QtForms::dropWindows() {
     for (const auto& [form, window] : windows_)
         delete window;
     windows_.clear();
+    browser_.reset();
 }
 
 } // namespace quillet

@@ -1,0 +1,8 @@
+#include "comm/web_addresses.h"
+
+namespace quillet {
+
+const char* const newsSite = QUILLET_NEWS_SITE;
+const char* const website = QUILLET_WEBSITE;
+
+} // namespace quillet

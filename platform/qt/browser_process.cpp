@@ -1,0 +1,40 @@
+#include "platform/qt/browser_process.h"
+
+#include "comm/frm_web.h"
+#include "platform/qt/text_codec.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace quillet {
+namespace {
+
+QString inTwips(float length) {
+    return QString::number(length);
+}
+
+} // namespace
+
+BrowserProcess::BrowserProcess(const frmWeb& form, const std::function<void()>& closed) {
+    connect(this, &QProcess::finished, this, closed);
+    connect(this, &QProcess::errorOccurred, this, [closed](ProcessError error) {
+        if (error == FailedToStart)
+            closed();
+    });
+    setProcessChannelMode(ForwardedErrorChannel);
+    setStandardOutputFile(nullDevice());
+    const WebBrowser& browser = form.wBrowser;
+    start(QDir(QCoreApplication::applicationDirPath()).filePath("quillet-browser"),
+          {fromUtf8(form.Caption()), inTwips(browser.Left), inTwips(browser.Top),
+           inTwips(browser.Width), inTwips(browser.Height), fromUtf8(browser.address)});
+}
+
+BrowserProcess::~BrowserProcess() {
+    constexpr int patience = 1000; // milliseconds
+    disconnect();
+    closeWriteChannel();
+    if (!waitForFinished(patience))
+        kill();
+}
+
+} // namespace quillet
