@@ -103,7 +103,7 @@ void CPrinterWordWrap::moveToTabStop() {
     const float zero = printer_.TextWidth("0");
     if (zero == 0)
         throw RunTimeError(ErrorNumber::DivisionByZero);
-    const std::int16_t column = roundToInt16((printer_.CurrentX() - origin) / zero);
+    const std::int16_t column = nearestInt16((printer_.CurrentX() - origin) / zero);
     const std::int16_t stop = toInt16(column + (columnsPerStop - column % columnsPerStop));
     printer_.CurrentX(zero * static_cast<float>(stop) + origin);
 }

@@ -13,6 +13,10 @@ class Files {
   public:
     virtual ~Files() = default;
 
+    /// Whether there is anything but a folder of this name. In the name itself "*" stands for any
+    /// characters and "?" for one; in those of the folders on the way they are letters.
+    virtual bool exists(const std::string& pattern) = 0;
+
     /// Every byte of the file, unchanged. An empty name, a missing or unreadable file and one of
     /// more than `maxTextLength` bytes fail.
     virtual GapBuffer read(const std::string& path) = 0;

@@ -63,6 +63,8 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
         return choosesPrinter;
     }
 
+    bool exists(const std::string& pattern) override { return disk.contains(pattern); }
+
     GapBuffer read(const std::string& path) override {
         calls.push_back("read " + path);
         if (!disk.contains(path))

@@ -37,6 +37,24 @@ TEST_F(PosixFilesTest, ReadsBackEveryByte) {
     EXPECT_NE(read("/proc/version"), ""); // the system reports no size for it
 }
 
+TEST_F(PosixFilesTest, LooksForNamesWithTwoWildcardsOnly) {
+    fs::create_directories(folder / "a*[b]\\/sub");
+    fs::create_directory(folder / "other");
+    fs::create_directory_symlink("other", folder / "link");
+    for (const char* name : {"a*[b]\\/.hidden", "a*[b]\\/[x]\\", "letter.qlt", ".dot"})
+        write(folder / name, "");
+    for (const char* pattern : {"letter.qlt", "l?tter.*", "*", "l*", ".d*", "*dot", "a*[b]\\/*",
+                                "a*[b]\\/.hidden", "a*[b]\\/[x]\\", "a*[b]\\/[x]?", "a*[b]\\/[?]*"})
+        EXPECT_TRUE(files.exists(folder / pattern)) << pattern;
+    for (const char* pattern :
+         {"LETTER.qlt", "?letter.qlt", "letter.qlt/", "*.none", "other", "o*", "l[e]tter.qlt",
+          "li*", ".", "other/*", "a*[b]\\/s*", "a*/.hidden", "a*[b]\\/x\\", "none/*"})
+        EXPECT_FALSE(files.exists(folder / pattern)) << pattern;
+    EXPECT_FALSE(files.exists(""));
+    EXPECT_FALSE(files.exists(folder / std::string("letter.qlt\0", 11)));
+    EXPECT_TRUE(files.exists(fs::relative(folder / "letter.qlt")));
+}
+
 TEST_F(PosixFilesTest, ReplacesTheFileButKeepsModeAndOwner) {
     const fs::path path = folder / "file";
     const mode_t umask = ::umask(027);

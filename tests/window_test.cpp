@@ -168,6 +168,8 @@ const std::map<std::string, std::string> effects = {
     {"Bold", "abc|1+1|Inscript|Q|B|T"},
     {"Italic", "abc|1+1|Inscript|Q|I|T"},
     {"Underline", "abc|1+1|Inscript|Q|U|T"},
+    {"Convert", "abc|1+1|Inscript|Q||T|ask Please save your file before conversion [OK] "
+                "Quillet1.0"},
     {"&Undo", "xyz|0+0|Inscript|Q||T"},
     {"&Redo", "zzz|0+0|Inscript|Q||T"},
     {"&Delete", "ac|1+0|Inscript|Q||T"},

@@ -28,6 +28,7 @@ frmQuillet::frmQuillet(const Desktop& desktop)
       LookCommands(*this, desktop.messageBox),
       Counting(*this, desktop.messageBox),
       PrintCommand(*this, desktop),
+      ConvertCommand(*this, desktop),
       WebCommands(desktop),
       screen_(desktop.screen),
       messageBox_(desktop.messageBox),

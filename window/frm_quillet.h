@@ -3,6 +3,7 @@
 
 #include "comm/web_commands.h"
 #include "engine/input_engine.h"
+#include "output/convert_command.h"
 #include "output/print_command.h"
 #include "platform/desktop.h"
 #include "platform/main_state.h"
@@ -30,6 +31,7 @@ class frmQuillet : public MainState,
                    public LookCommands,
                    public Counting,
                    public PrintCommand,
+                   public ConvertCommand,
                    public WebCommands {
   public:
     explicit frmQuillet(const Desktop& desktop);

@@ -64,7 +64,7 @@ constexpr std::array<ToolbarCommand, 25> commands = {{
     {"AppendMemory",    &frmQuillet::mnuAppendMemory_Click},
     {"PasteFromMemory", &frmQuillet::mnuPasteFromMemory_Click},
     {"EmptyMemory",     &frmQuillet::mnuEmptyMemory_Click},
-    {"Convert",         nullptr},
+    {"Convert",         &frmQuillet::ConvertToPdf},
     {"Email",           nullptr},
     {"Web",             &frmQuillet::mnuSurfNews_Click},
     {"Layout",          &frmQuillet::mnuLayouts_Click},

@@ -8,6 +8,8 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <glob.h>
+#include <string_view>
 
 namespace fs = std::filesystem;
 
@@ -23,9 +25,26 @@ constexpr mode_t privateMode = 0600;
 constexpr mode_t anyWriteBit = 0222;
 
 // No file has an empty name, and the system would take a NUL for the end of the name.
+bool isName(const std::string& path) {
+    return !path.empty() && path.find('\0') == std::string::npos;
+}
+
 void checkName(const std::string& path) {
-    if (path.empty() || path.find('\0') != std::string::npos)
+    if (!isName(path))
         throw RunTimeError(ErrorNumber::FileNotFound);
+}
+
+// What the system's search takes for the pattern: it knows more wildcards, and everywhere.
+std::string systemPattern(const std::string& pattern) {
+    const std::size_t nameStart = pattern.rfind('/') + 1;
+    std::string escaped;
+    for (std::size_t at = 0; at < pattern.size(); ++at) {
+        const std::string_view special = at < nameStart ? "[\\*?" : "[\\";
+        if (special.find(pattern[at]) != std::string_view::npos)
+            escaped += '\\';
+        escaped += pattern[at];
+    }
+    return escaped;
 }
 
 void checkLength(std::size_t length) {
@@ -131,6 +150,19 @@ void writeToFile(const FileDescriptor& file, const std::string& path, Parts part
 PosixFiles::PosixFiles() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+// The system marks folders by a slash. Names that begin with a dot are like any others.
+bool PosixFiles::exists(const std::string& pattern) {
+    if (!isName(pattern) || pattern.ends_with('/'))
+        return false;
+    glob_t found{};
+    ::glob(systemPattern(pattern).c_str(), GLOB_MARK | GLOB_NOSORT | GLOB_PERIOD, nullptr, &found);
+    const std::span names(found.gl_pathv, found.gl_pathc);
+    const bool exists = std::any_of(names.begin(), names.end(),
+                                    [](std::string_view name) { return !name.ends_with('/'); });
+    ::globfree(&found);
+    return exists;
 }
 
 GapBuffer PosixFiles::read(const std::string& path) {

@@ -18,6 +18,7 @@ class PosixFiles : public Files {
     /// their write; the signals that would end the process are ignored.
     PosixFiles();
 
+    bool exists(const std::string& pattern) override;
     GapBuffer read(const std::string& path) override;
     void write(const std::string& path, std::span<const GlyphView> parts) override;
 };
