@@ -1,0 +1,112 @@
+// The news window with its real browser, on a page served on this machine.
+#include "tests/desktop_session.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace quillet {
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const newsTitle = "Quillet: Surf Hindi News";
+
+class NewsSite {
+  public:
+    NewsSite() {
+        std::string pattern = fs::temp_directory_path() / "quillet-news-XXXXXX";
+        folder_ = mkdtemp(pattern.data());
+        std::ofstream(folder_ / "index.html") << "<title>News</title><h1>News</h1>";
+        const std::string serve = "cd " + folder_.string() +
+                                  " && exec python3 -u -m http.server --bind 127.0.0.1 0 >log 2>&1";
+        server_ = std::make_unique<Process>(std::vector<std::string>{"sh", "-c", serve});
+        std::string address;
+        waitUntil([&] {
+            address = output("sed -n 's/.*(\\(http[^)]*\\)).*/\\1/p' " + log());
+            return !address.empty();
+        });
+        setenv("QUILLET_TEST_NEWS", address.c_str(), 1);
+    }
+    ~NewsSite() {
+        close();
+        fs::remove_all(folder_);
+    }
+    NewsSite(const NewsSite&) = delete;
+    NewsSite& operator=(const NewsSite&) = delete;
+
+    // How often the start page was fetched.
+    std::string visits() const { return output("grep -c 'GET / ' " + log()); }
+
+    void close() { server_.reset(); }
+
+  private:
+    std::string log() const { return folder_ / "log"; }
+
+    fs::path folder_;
+    std::unique_ptr<Process> server_;
+};
+
+struct News : ::testing::Test {
+    NewsSite site;
+    DesktopSession session{{.path = ELSEWHERE_PROGRAM}};
+
+    void surf() {
+        session.send("search --name '^Quillet: (Inscript|Hindi Text)' windowactivate --sync");
+        session.send("key alt+w key Down key Return");
+        ASSERT_TRUE(DesktopSession::waitForTitle("Quillet1.0"));
+        session.send("key Return");
+        ASSERT_TRUE(DesktopSession::waitForTitle(newsTitle));
+    }
+
+    // More than once: the window manager may not have it in the foreground yet.
+    void closeBrowser() {
+        EXPECT_TRUE(waitUntil([&] {
+            if (DesktopSession::title() == newsTitle)
+                session.send("key alt+F4 sleep 0.2");
+            return !browserRuns();
+        }));
+    }
+
+    static bool browserRuns() { return !output("pgrep -x quillet-browser").empty(); }
+};
+
+TEST_F(News, OpenCloseAndCrashBesideTheDocument) {
+    EXPECT_FALSE(browserRuns()) << "before it is used";
+    session.type("kfley");
+    surf();
+    EXPECT_TRUE(waitUntil([&] { return site.visits() == "1"; }));
+    surf(); // brings it forward
+    closeBrowser();
+    EXPECT_EQ(site.visits(), "1");
+    surf();
+    EXPECT_TRUE(waitUntil([&] { return site.visits() == "2"; }));
+
+    output("pkill -KILL -x quillet-browser");
+    EXPECT_TRUE(
+        DesktopSession::waitForTitle("Quillet: Inscript Based Basic Devnagari Word Processor"));
+    EXPECT_EQ(session.saveAs("after.qlt"), "fdrkc\r\n");
+
+    site.close();
+    surf();
+    session.send("search --name '^Quillet: Hindi Text' windowactivate --sync");
+    session.send("keydown ctrl key 26 keyup ctrl"); // E by its place: Exit
+    ASSERT_TRUE(DesktopSession::waitForTitle("Quillet1.0"));
+    session.send("key alt+n");
+    EXPECT_EQ(session.program().waitForExit(), 0);
+    EXPECT_TRUE(waitUntil([] { return !browserRuns(); }));
+}
+
+TEST_F(News, KeepTheProgramRunningWithoutItsMainWindow) {
+    surf();
+    session.send("search --name '^Quillet: Inscript' windowactivate --sync key alt+F4");
+    EXPECT_TRUE(DesktopSession::waitForTitle(newsTitle));
+    EXPECT_EQ(output("xdotool search --name '^Quillet: Inscript'"), "");
+    closeBrowser();
+    EXPECT_EQ(session.program().waitForExit(), 0);
+}
+
+} // namespace
+} // namespace quillet
