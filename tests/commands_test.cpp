@@ -98,6 +98,8 @@ TEST_F(Commands, FindAndReplaceInTheirWindows) {
     EXPECT_TRUE(waitUntil([&] { return program.focused().name() == "Find "; }));
     session.send("key Tab");
     session.type("dk");
+    session.send("key ctrl+a ctrl+c");
+    EXPECT_TRUE(waitUntil([] { return output("xclip -o -selection clipboard") == "dk"; }));
     session.send("key shift+Tab space");
     EXPECT_TRUE(selects(1, 3));
     EXPECT_EQ(program.focused().name(), "Find Next");
@@ -116,7 +118,8 @@ TEST_F(Commands, FindAndReplaceInTheirWindows) {
     session.type("m");
     session.send("key alt+a");
     EXPECT_TRUE(waitUntil([&] { return box.text() == "dmm"; }));
-    session.send("key Tab Tab space"); // from the new text to Cancel
+    EXPECT_EQ(program.focused().name(), "Replace All");
+    session.send("key shift+Tab space"); // to Cancel
     ASSERT_TRUE(waitUntil([] { return DesktopSession::title().starts_with("Quillet: Ins"); }));
     ctrl('z');
     EXPECT_TRUE(waitUntil([&] { return box.text() == "ddkdk"; }));

@@ -3,6 +3,7 @@
 #include "platform/qt/entry.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/glyph_font.h"
+#include "platform/qt/glyph_line_edit.h"
 #include "platform/qt/glyph_text.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/key_translation.h"
@@ -19,13 +20,25 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
+#include <QRawFont>
 #include <QScreen>
+#include <QShortcutEvent>
+#include <QStringEncoder>
 #include <QTimer>
+#include <QtEndian>
 
 #include <functional>
 #include <iterator>
@@ -296,6 +309,41 @@ TEST(GlyphCharacters, ShowEveryByteInTheOpenFonts) {
     EXPECT_TRUE(kruti.isDrawn('\x81') && !latin.isDrawn('\x81') && !kruti.isDrawn('\x1F'));
 }
 
+// The file of a font under another name, which must not be longer.
+QByteArray renamedFont(const QString& path, const QString& family) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    QByteArray font = file.readAll();
+    const auto number = [&](qsizetype at) {
+        return qFromBigEndian<quint16>(font.constData() + at);
+    };
+    const QByteArray name = QStringEncoder(QStringEncoder::Utf16BE)(family);
+    const qsizetype table = qFromBigEndian<quint32>(font.constData() + font.indexOf("name") + 8);
+    const qsizetype texts = table + number(table + 4);
+    constexpr qsizetype rowSize = 12;
+    for (qsizetype row = table + 6; row < table + 6 + rowSize * number(table + 2); row += rowSize) {
+        const auto kind = number(row + 6);
+        if (kind != 1 && kind != 4) // the family's name and the full one
+            continue;
+        font.replace(texts + number(row + 10), name.size(), name);
+        qToBigEndian(static_cast<quint16>(name.size()), font.data() + row + 8);
+    }
+    return font;
+}
+
+TEST(OpenFonts, StandInOnlyWhereTheRealFontIsMissing) {
+    offerOpenFonts();
+    const auto shownBy = [] {
+        return QRawFont::fromFont(QFont(krutiDev010)).familyName().toLower().toStdString();
+    };
+    EXPECT_EQ(shownBy(), "quillet devanagari");
+    const int real = QFontDatabase::addApplicationFontFromData(
+        renamedFont(":/fonts/QuilletDevanagariSerif-Regular.otf", krutiDev010));
+    EXPECT_EQ(shownBy(), "kruti dev 010");
+    QFontDatabase::removeApplicationFont(real);
+    EXPECT_EQ(shownBy(), "quillet devanagari");
+}
+
 TEST_F(View, ShowsTheSelectionWhileADialogHasTheFocus) {
     QWidget dialog;
     dialog.show();
@@ -320,7 +368,7 @@ TEST(FormWindow, ChoosesAnEntryAlsoWhenItIsTheOneShown) {
     chars.load();
     FormWindow window(chars);
     auto* list = window.findChild<QComboBox*>("cmbSpecial");
-    EXPECT_EQ(glyphText(list->itemText(16)), "\x83");
+    EXPECT_EQ(glyphText(list->itemText(16)), " \x83");
     for (int times = 0; times < 2; ++times)
         Q_EMIT list->activated(16);
     EXPECT_EQ(form.txtMain.Text(), "z\x83") << "two for two, and then two for one again";
@@ -340,13 +388,131 @@ TEST(FormWindow, TextsAndCaptionsGoBothWays) {
     EXPECT_EQ(find.control("txtfind").Text(), bytes);
     text->setText(QString::fromUtf8("aक"));
     EXPECT_EQ(find.control("txtfind").Text(), "a?");
-    EXPECT_EQ(text->text(), "a?") << "what is shown is what is looked for";
+    EXPECT_EQ(glyphText(text->text()), "a?") << "what is shown is what is looked for";
     form.txtMain.Text("a?a?");
     EXPECT_EQ(button->text(), "&Find ");
     button->click();
     EXPECT_EQ(button->text(), "Find Next");
     EXPECT_EQ(form.txtMain.SelText(), "a?");
     EXPECT_GT(window.maximumWidth(), 2000) << "it can be resized";
+}
+
+struct GlyphLine : ::testing::Test {
+    GlyphLine() { offerOpenFonts(); }
+
+    GlyphLineEdit line{QFont("Kruti Dev 010"), nullptr};
+    QClipboard* clipboard = QGuiApplication::clipboard();
+
+    template <class Event>
+    void send(Event&& event) {
+        QApplication::sendEvent(&line, &event);
+    }
+    void typeText(const QString& text) { send(keyEvent(Qt::Key_unknown, Qt::NoModifier, text)); }
+    void ctrl(Qt::Key key) { send(keyEvent(key, Qt::ControlModifier, {})); }
+};
+
+TEST_F(GlyphLine, BecomesGlyphsWhateverWayTextComesIn) {
+    const struct {
+        const char* way;
+        std::function<void(const QString&)> enter;
+    } rows[] = {
+        {"typed", [&](const QString& text) { typeText(text); }},
+        {"by an input method",
+         [&](const QString& text) {
+             QInputMethodEvent event;
+             event.setCommitString(text);
+             send(event);
+         }},
+        {"pasted",
+         [&](const QString& text) {
+             clipboard->setText(text);
+             ctrl(Qt::Key_V);
+         }},
+        {"pasted from the menu",
+         [&](const QString& text) {
+             clipboard->setText(text);
+             send(QContextMenuEvent(QContextMenuEvent::Keyboard, {}, {}));
+             auto* menu = line.findChild<QMenu*>();
+             for (QAction* action : menu->actions())
+                 if (action->text().startsWith("&Paste"))
+                     action->trigger();
+             delete menu;
+         }},
+        {"dropped",
+         [&](const QString& text) {
+             QMimeData data;
+             data.setText(text);
+             send(QDragEnterEvent({}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier));
+             send(QDropEvent({}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier));
+         }},
+    };
+    for (const auto& row : rows) {
+        line.clear();
+        row.enter(QString::fromUtf8("aक\xC2\xAD™ "));
+        EXPECT_EQ(line.glyphs(), "a?\xAD\x99 ") << row.way;
+        EXPECT_EQ(line.text(), u"\uF061\uF03F\uF0AD\uF099 ") << row.way;
+        line.undo();
+        EXPECT_EQ(line.glyphs(), "") << row.way;
+        line.redo();
+        EXPECT_EQ(line.glyphs(), "a?\xAD\x99 ") << row.way;
+    }
+}
+
+TEST_F(GlyphLine, GivesItsTextAwayAsWindows1252) {
+    line.setGlyphs("d\xAD\x99 d");
+    line.home(false);
+    line.cursorWordForward(true);
+    ctrl(Qt::Key_C);
+    EXPECT_EQ(clipboard->text(), QString::fromUtf8("d\xC2\xAD™ "));
+    clipboard->clear();
+    ctrl(Qt::Key_X);
+    EXPECT_EQ(clipboard->text(), QString::fromUtf8("d\xC2\xAD™ "));
+    EXPECT_EQ(line.glyphs(), "d");
+    ctrl(Qt::Key_Z);
+    EXPECT_EQ(line.glyphs(), "d\xAD\x99 d");
+}
+
+TEST_F(GlyphLine, IsPlainTextInAFontWithoutTheCodes) {
+    GlyphLineEdit latin(QFont("Liberation Sans"), nullptr);
+    latin.setGlyphs("d\xAD\x99");
+    EXPECT_EQ(latin.text(), QString::fromUtf8("d\xC2\xAD™"));
+    EXPECT_EQ(latin.glyphs(), "d\xAD\x99");
+}
+
+TEST(FormWindow, AnAccessKeyGivesItsButtonTheFocus) {
+    TestWindow form;
+    frmReplace& replace = form.replaceWindow();
+    replace.show();
+    FormWindow window(replace);
+    window.show();
+    auto* button = window.findChild<QPushButton*>("cmdreplaceall");
+    QShortcutEvent event(button->shortcut(), 0);
+    QApplication::sendEvent(button, &event);
+    EXPECT_EQ(window.focusWidget(), button);
+}
+
+// What the window shows of its texts is not cut off, also with a larger font of the desktop.
+TEST(FormWindow, FitsItsTextsIntoTheirPlaces) {
+    const QFont before = QApplication::font();
+    QApplication::setFont(QFont("DejaVu Sans", 12));
+    TestWindow form;
+    frmAbout about(form.desktop.forms);
+    Form* const forms[] = {&form.findWindow(), &form.replaceWindow(), &about};
+    for (Form* shown : forms) {
+        shown->load();
+        FormWindow window(*shown);
+        for (const auto* button : window.findChildren<QPushButton*>()) {
+            const QFontMetrics metrics(button->font());
+            EXPECT_LT(metrics.size(Qt::TextShowMnemonic, button->text()).width(), button->width())
+                << button->text().toStdString();
+        }
+        for (const auto* label : window.findChildren<QLabel*>()) {
+            const int height = label->hasHeightForWidth() ? label->heightForWidth(label->width())
+                                                          : label->sizeHint().height();
+            EXPECT_LE(height, label->height()) << label->text().toStdString();
+        }
+    }
+    QApplication::setFont(before);
 }
 
 TEST(FormWindow, AWindowThatWentReachesItsFormNoMore) {
@@ -374,6 +540,20 @@ TEST(FormWindow, TheSplashTicksUntilItGoes) {
     const auto* timer = window.findChild<QTimer*>();
     EXPECT_EQ(timer->interval(), 1000);
     EXPECT_TRUE(timer->isActive());
+}
+
+TEST(FormWindow, TheSplashIsOfOneColourBelowItsPicture) {
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(Qt::black);
+    TestWindow form;
+    frmSplash splash(form.desktop.forms, form);
+    splash.load();
+    FormWindow window(splash);
+    const QImage shown = window.grab().toImage();
+    const int bottom = window.height() - 1;
+    EXPECT_EQ(shown.pixelColor(9, bottom), shown.pixelColor(9, bottom - 9));
+    EXPECT_EQ(window.findChild<QLabel*>()->accessibleName(), QApplication::applicationName());
+    QApplication::setPalette(before);
 }
 
 // The last one, for afterwards the program has ended and no event runs anything.

@@ -2,16 +2,16 @@
 
 #include "platform/form.h"
 #include "platform/qt/entry.h"
-#include "platform/qt/glyph_text.h"
+#include "platform/qt/glyph_line_edit.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -32,13 +32,17 @@ QFont fontOf(const ControlFont& design, const QFont& standard) {
     return font;
 }
 
-// The places of one-line labels are narrow for some desktops' fonts: there the text gets smaller
-// rather than cut off.
-QFont fittingFont(QFont font, const QString& text, int width) {
+// The places of texts are narrow for some desktops' fonts: there a text gets smaller rather than
+// cut off.
+QFont fittingFont(QFont font, const QString& text, QSize room, int options = Qt::TextSingleLine) {
     constexpr double smallest = 6;
     constexpr double step = 0.5;
-    const int options = Qt::TextSingleLine | Qt::TextShowMnemonic;
-    while (font.pointSizeF() > smallest && QFontMetrics(font).size(options, text).width() > width)
+    const auto fits = [&] {
+        const QRect needed =
+            QFontMetrics(font).boundingRect(QRect({}, room), options | Qt::TextShowMnemonic, text);
+        return needed.width() <= room.width() && needed.height() <= room.height();
+    };
+    while (font.pointSizeF() > smallest && !fits())
         font.setPointSizeF(font.pointSizeF() - step);
     return font;
 }
@@ -48,12 +52,18 @@ QRect areaOf(const ControlDesign& design) {
             QtScreen::pixels(design.width), QtScreen::pixels(design.height)};
 }
 
-// Enter presses it as Space does, while it has the focus.
+// Enter presses it as Space does, while it has the focus; its access key gives it the focus.
 class FormButton : public QPushButton {
   public:
     using QPushButton::QPushButton;
 
   protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::Shortcut)
+            setFocus(Qt::ShortcutFocusReason);
+        return QPushButton::event(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
             click();
@@ -61,6 +71,11 @@ class FormButton : public QPushButton {
             QPushButton::keyPressEvent(event);
     }
 };
+
+void fitCaption(QPushButton& button) {
+    constexpr QSize frame(8, 4);
+    button.setFont(fittingFont(button.font(), button.text(), button.size() - frame));
+}
 
 } // namespace
 
@@ -103,20 +118,19 @@ void FormWindow::buildControls() {
     }
     for (auto* label : findChildren<QLabel*>())
         fitLabel(*label);
+    for (auto* button : findChildren<QPushButton*>())
+        fitCaption(*button);
     giveAccessKeys();
 }
 
 void FormWindow::fitLabel(QLabel& label) {
     const int lineHeight = QFontMetrics(label.font()).height();
     label.setWordWrap(label.height() >= 2 * lineHeight);
-    if (label.wordWrap())
-        return;
-    const QFont fitting = fittingFont(label.font(), label.text(), label.width());
-    if (fitting == label.font() && label.height() >= lineHeight)
-        return;
-    const int width = std::max(label.width(), roomBeside(label));
-    label.setFont(fittingFont(label.font(), label.text(), width));
-    label.resize(width, std::max(label.height(), lineHeight));
+    if (!label.wordWrap())
+        label.resize(std::max(label.width(), roomBeside(label)),
+                     std::max(label.height(), lineHeight));
+    const int lines = label.wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine;
+    label.setFont(fittingFont(label.font(), label.text(), label.size(), lines));
 }
 
 // From the left end of the label to the next control in its row; 0 where there is none.
@@ -131,12 +145,19 @@ int FormWindow::roomBeside(const QLabel& label) {
     return room;
 }
 
-// A label's access key leads to the text box beside it.
+// A label's access key leads to the text box beside it. Such labels get one font, which fits all.
 void FormWindow::giveAccessKeys() {
+    QFont smallest = font();
     for (auto* label : findChildren<QLabel*>())
         for (auto* box : findChildren<QLineEdit*>())
-            if (box->y() == label->y())
+            if (box->y() == label->y()) {
                 label->setBuddy(box);
+                if (label->font().pointSizeF() < smallest.pointSizeF())
+                    smallest = label->font();
+            }
+    for (auto* label : findChildren<QLabel*>())
+        if (label->buddy() != nullptr)
+            label->setFont(smallest);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -183,23 +204,29 @@ QWidget* FormWindow::makeButton(Control& control) {
     connect(button, &QPushButton::clicked, this,
             [&control] { enter([&control] { control.click(); }); });
     control.Changed = [&control, shown = QPointer(button)] {
-        if (shown)
-            shown->setText(fromUtf8(control.Caption()));
+        if (!shown)
+            return;
+        shown->setText(fromUtf8(control.Caption()));
+        fitCaption(*shown);
     };
     return button;
 }
 
 QWidget* FormWindow::makePicture(const Control& control) {
     auto* label = new QLabel(this);
-    label->setPixmap(picture(control.Caption(), areaOf(control.design()).size()));
+    const QPixmap shown = picture(control.Caption(), areaOf(control.design()).size());
+    label->setPixmap(shown);
+    label->setAccessibleName(QApplication::applicationName());
+    if (form_.design().frame == FormFrame::Splash) // what it leaves of the window goes on with it
+        setPalette(shown.toImage().pixelColor(0, shown.height() - 1));
     return label;
 }
 
 QWidget* FormWindow::makeDropDownList(Control& control) {
     auto* list = new QComboBox(this);
     const GlyphCharacters characters(fontOf(control.design().font, font()));
-    for (const std::string& entry : control.List)
-        list->addItem(characters.of(entry));
+    for (const std::string& entry : control.List) // signs reach over what stands before them
+        list->addItem(characters.of(" " + entry));
     list->setPlaceholderText(characters.of(control.Caption()));
     list->setCurrentIndex(control.ListIndex);
     connect(list, &QComboBox::activated, this,
@@ -208,15 +235,15 @@ QWidget* FormWindow::makeDropDownList(Control& control) {
 }
 
 QWidget* FormWindow::makeTextBox(Control& control) {
-    auto* box = new QLineEdit(displayText(control.Text()), this);
+    auto* box = new GlyphLineEdit(fontOf(control.design().font, font()), this);
     box->setMaxLength(maxTextLength);
+    box->setGlyphs(control.Text());
     control.Changed = [&control, shown = QPointer(box)] {
-        const QString text = displayText(control.Text());
-        if (shown && shown->text() != text)
-            shown->setText(text);
+        if (shown)
+            shown->setGlyphs(control.Text());
     };
     connect(box, &QLineEdit::textChanged, this,
-            [&control](const QString& text) { enter([&] { control.Text(glyphText(text)); }); });
+            [&control, box] { enter([&] { control.Text(box->glyphs()); }); });
     return box;
 }
 

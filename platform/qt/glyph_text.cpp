@@ -69,6 +69,10 @@ QString GlyphCharacters::of(GlyphView text) const {
     return shown;
 }
 
+QString GlyphCharacters::editable(GlyphView text) const {
+    return isPrivate_ ? of(text).replace(privateCharacter(' '), u' ') : displayText(text);
+}
+
 bool GlyphCharacters::isDrawn(char glyph) const {
     const char16_t character = unicodeOfByte(glyphCode(glyph));
     const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);

@@ -27,6 +27,10 @@ class GlyphCharacters {
     QChar of(char glyph) const;
     QString of(GlyphView text) const;
 
+    /// The same for a text that is edited: `glyphText` gives it back whatever the font, and its
+    /// blanks are ones between words.
+    QString editable(GlyphView text) const;
+
     /// Control characters have no glyph; in fonts made for the codes there are fewer of them.
     bool isDrawn(char glyph) const;
 
