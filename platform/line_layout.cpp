@@ -99,8 +99,11 @@ void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
 }
 
 LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position inserted) {
-    // The line before the changed one comes first: a shorter word may fit at its end now.
-    const Position first = std::max(lineOf(at) - 1, 0);
+    // The line before the changed one comes first: a shorter word may fit at its end now. Where
+    // not even one glyph fits into a line, what broke a line may stand two lines below.
+    const Position changed = lineOf(at);
+    const Position first = std::max(changed - 2, 0);
+    const std::array oldStarts = {lineStart(first), lineStart(first + 1), lineStart(first + 2)};
     const Position removed = size_ + inserted - static_cast<Position>(text.size());
     std::vector<Position> joins;
     for (const Position join : joins_) {
@@ -109,10 +112,11 @@ LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position ins
         else if (join > at + removed)
             joins.push_back(join - removed + inserted);
     }
-    const Position second = lineStart(first + 1);
     LineChange change = rewrap(text, first, at + inserted, std::move(joins));
-    const bool firstStays = second <= at && change.after > 1 && lineStart(first + 1) == second;
-    return firstStays ? LineChange{first + 1, change.before - 1, change.after - 1} : change;
+    while (change.first < changed && change.after > 1 &&
+           lineStart(change.first + 1) == oldStarts[change.first + 1 - first])
+        change = {change.first + 1, change.before - 1, change.after - 1};
+    return change;
 }
 
 LineChange LineLayout::settle(const GapBuffer& text) {

@@ -1,0 +1,58 @@
+// The incremental wrap beside a full one, for any text, metrics and order of changes.
+#include "fuzz/input.h"
+#include "platform/line_layout.h"
+
+namespace quillet::fuzz {
+namespace {
+
+LineMetrics metricsFrom(Input& input) {
+    LineMetrics metrics;
+    metrics.advances.fill(1 + input.byte() % 32);
+    metrics.advances[input.byte()] = 0;
+    metrics.tabStop = 1 + input.byte();
+    metrics.width = input.upTo(1000);
+    return metrics;
+}
+
+void checkSame(const LineLayout& layout, const LineMetrics& metrics, const GapBuffer& text) {
+    LineLayout full;
+    full.setMetrics(metrics, text);
+    check(layout.lineCount() == full.lineCount(), "as many lines");
+    for (Position line = 0; line <= full.lineCount(); ++line)
+        check(layout.lineStart(line) == full.lineStart(line), "the same starts");
+}
+
+void run(Input input) {
+    const LineMetrics metrics = metricsFrom(input);
+    LineLayout layout(input.upTo(300));
+    GapBuffer text;
+    layout.setMetrics(metrics, text);
+    while (!input.isEmpty()) {
+        const auto size = static_cast<Position>(text.size());
+        const Position at = input.upTo(size);
+        const Position removed = input.upTo(size - at);
+        const GlyphView inserted = input.text(input.byte());
+        text.replace(at, removed, inserted);
+        layout.replaced(text, at, static_cast<Position>(inserted.size()));
+        const std::uint8_t next = input.byte();
+        if (next % 4 == 0)
+            layout.expectChange(next % (static_cast<Position>(text.size()) + 1));
+        if (next % 8 == 1)
+            layout.wrapTo(text, static_cast<Position>(text.size()) / 2);
+        if (next % 4 == 2)
+            layout.settle(text);
+        if (layout.isSettled())
+            checkSame(layout, metrics, text);
+    }
+    while (!layout.isSettled())
+        layout.settle(text);
+    checkSame(layout, metrics, text);
+}
+
+} // namespace
+} // namespace quillet::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    quillet::fuzz::run({data, size});
+    return 0;
+}
