@@ -11,7 +11,10 @@ KeyStroke strokeFrom(Input& input) {
     const std::uint8_t key = input.byte();
     const std::uint8_t held = input.byte();
     constexpr std::uint8_t types = 8;
-    KeyStroke stroke{.scanCode = key, .keyCode = key, .shift = static_cast<std::int16_t>(held & 7), .character = {}};
+    KeyStroke stroke{.scanCode = key,
+                     .keyCode = key,
+                     .shift = static_cast<std::int16_t>(held & 7),
+                     .character = {}};
     if ((held & types) == 0)
         stroke.character = input.byte();
     return stroke;

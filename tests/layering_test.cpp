@@ -22,6 +22,7 @@ const std::map<std::string, std::vector<std::string>> below = {
     {"platform/posix", {"base", "platform"}},
     {"engine", {"base", "platform"}},
     {"comm", {"base", "platform"}},
+    {"help", {"base", "engine"}},
     {"output", {"base", "platform"}},
     {"search", {"base", "platform"}},
     {"window", {"base", "platform", "comm", "engine", "output", "search"}},
