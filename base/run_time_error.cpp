@@ -26,6 +26,10 @@ const char* RunTimeError::what() const noexcept {
         return "Path not found";
     case ErrorNumber::InvalidPropertyValue:
         return "Invalid property value";
+    case ErrorNumber::ComponentFailed:
+        return "Automation error";
+    case ErrorNumber::NecessaryValueMissing:
+        break;
     case ErrorNumber::PrinterError:
         return "Printer error";
     case ErrorNumber::DialogCancelled:

@@ -18,7 +18,9 @@ enum class ErrorNumber {
     PathFileAccess = 75,
     PathNotFound = 76,
     InvalidPropertyValue = 380,
+    ComponentFailed = 440,
     PrinterError = 482,
+    NecessaryValueMissing = 22001, // the program's own
     DialogCancelled = 32755,
 };
 

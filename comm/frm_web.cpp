@@ -1,6 +1,6 @@
 #include "comm/frm_web.h"
 
-#include "comm/web_addresses.h"
+#include "comm/fixed_addresses.h"
 #include "platform/screen.h"
 
 namespace quillet {

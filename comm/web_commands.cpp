@@ -1,6 +1,6 @@
 #include "comm/web_commands.h"
 
-#include "comm/web_addresses.h"
+#include "comm/fixed_addresses.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 

@@ -6,9 +6,12 @@
 #include "platform/edit_box.h"
 #include "platform/form.h"
 
+#include <memory>
 #include <string>
 
 namespace quillet {
+
+class CKpoSendMail;
 
 /// The two keyboard modes. Any other text in `keyboard` switches the input engine off.
 inline constexpr const char* inscriptMode = "Inscript";
@@ -32,6 +35,8 @@ struct MainState : Form {
     std::string FontUsed;     // the font chosen last
     std::string keyboard = inscriptMode;
     GlyphString memory_box; // the private text memory
+
+    std::shared_ptr<CKpoSendMail> mailComponent; // made at each load
 
     // The input engine's own.
     bool Control_key_pressed = false;          // Ctrl held at a key-down, no key-up since

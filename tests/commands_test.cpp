@@ -2,15 +2,19 @@
 // programs see them, and the clipboard shared with another program.
 #include "tests/accessibility.h"
 #include "tests/desktop_session.h"
+#include "tests/smtp_relay.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
 
 namespace quillet {
 namespace {
 
 struct Commands : ::testing::Test {
+    explicit Commands(const quillet::Program& started = {}) : session(started) {}
+
     DesktopSession session;
     Accessible program = Accessible::program();
     Accessible box = program.find("text", "Document");
@@ -177,6 +181,54 @@ TEST_F(Commands, AnOverflowIsSilentFromTheToolbarAndEndsTheProgramFromTheMenu) {
     ctrl('w');
     EXPECT_EQ(message("Quillet1.0"), "Run-time error '6':\n\nOverflow [OK]");
     EXPECT_EQ(session.program().waitForExit(), 1);
+}
+
+struct RelayOfProgram {
+    RelayOfProgram() { setenv("QUILLET_TEST_RELAY", relay.address().c_str(), 1); }
+    SmtpRelay relay;
+};
+
+struct MailCommand : RelayOfProgram, Commands {
+    MailCommand() : Commands({.path = ELSEWHERE_PROGRAM}) {}
+
+    // Answers both questions in the same way.
+    void answer(const std::string& text, const std::string& key) {
+        EXPECT_TRUE(program.find("label", "Email address of the sender (yours)"));
+        EXPECT_TRUE(DesktopSession::waitForTitle("Quillet Email"));
+        session.type(text);
+        session.send(key);
+        EXPECT_TRUE(program.find("label", "Email address of the recipient"));
+        session.type(text);
+        session.send(key);
+    }
+};
+
+TEST_F(MailCommand, KeysWaitAndTheWindowStaysUntilItIsSent) {
+    session.type("k");
+    relay.hold();
+    program.find("push button", "Email text").invoke();
+    answer("a@b", "key Return");
+    ASSERT_TRUE(waitUntil([&] { return relay.holds(); }));
+    session.type("ek");
+    ctrl('h');
+    session.send("key alt+F4 sleep 1.5");
+    EXPECT_EQ(box.text(), "d");
+    if (0)
+        for (const auto& c : program.children())
+            std::printf("%s|%s\n", c.role().c_str(), c.name().c_str());
+    EXPECT_EQ(program.children().size(), 1U) << "no box is open";
+    relay.release();
+    EXPECT_EQ(message("Quillet1.0"), "Congratulations! Mail is sent [OK]");
+    EXPECT_EQ(message("Quillet: Character Count"), "Number of characters in the file are: 3 [OK]");
+    EXPECT_EQ(box.text(), "dkd");
+}
+
+TEST_F(MailCommand, BothQuestionsComeWhateverIsCancelled) {
+    for (const char* key : {"key Escape", "key Return"}) {
+        program.find("menu item", "Send Mail").invoke();
+        answer("", key);
+        EXPECT_EQ(message("Quillet1.0"), "Sorry! You did not specify a necessary value [OK]");
+    }
 }
 
 TEST(Start, TheSplashStaysSixSecondsWhateverIsPressed) {

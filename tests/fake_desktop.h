@@ -6,6 +6,8 @@
 #include "platform/common_dialog.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/input_box.h"
+#include "platform/mail_component.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
 #include "platform/shell.h"
@@ -20,13 +22,23 @@
 
 namespace quillet {
 
-struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, Screen, Shell {
+struct FakeDesktop : MessageBox,
+                     InputBox,
+                     FileChooser,
+                     PrinterChooser,
+                     Files,
+                     Clipboard,
+                     Screen,
+                     Shell,
+                     CKpoSendMail {
     std::deque<Answer> answers;                     // of the next message boxes; then Ok
+    std::deque<std::string> inputs;                 // into the next input boxes; then cancel
     std::deque<std::optional<std::string>> choices; // of the next file dialogs; then cancel
     std::map<std::string, GlyphString> disk;
     std::set<std::string> readOnly; // paths that cannot be written
     GlyphString clipboard;
     bool clipboardFails = false;
+    std::string failingMailCall;    // such as "SendMessage"
     std::vector<std::string> calls; // what was asked, in order
     bool choosesPrinter = true;     // in the next print dialogs
     int shellResult = Shell::Success;
@@ -36,7 +48,10 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
     /// With other files than its own where they are given.
     Desktop services() { return services(*this); }
     Desktop services(Files& files) {
-        return {*this, *this, *this, printer, files, *this, *this, *this, forms};
+        return {*this, *this, *this, *this, printer, files, *this, *this, *this, forms, [this] {
+                    calls.emplace_back("make mail component");
+                    return std::shared_ptr<CKpoSendMail>(this, [](CKpoSendMail*) {});
+                }};
     }
 
     Answer show(const Message& message) override {
@@ -46,6 +61,11 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
                         buttons[static_cast<std::size_t>(message.buttons)] + "] " + message.title +
                         icons[static_cast<std::size_t>(message.icon)]);
         return next(answers, Answer::Ok);
+    }
+
+    std::string ask(const std::string& prompt, const std::string& title) override {
+        calls.push_back("input " + prompt + " [] " + title);
+        return next(inputs, std::string());
     }
 
     std::optional<std::string> choose(Purpose purpose, const std::vector<FileFilter>& filters,
@@ -103,8 +123,25 @@ struct FakeDesktop : MessageBox, FileChooser, PrinterChooser, Files, Clipboard, 
         return shellResult;
     }
     std::string programFolder() const override { return "/program"; }
+    void MailOptionFirst(int option) override { mail("MailOptionFirst", std::to_string(option)); }
+    void MailOptionSecond(int option) override { mail("MailOptionSecond", std::to_string(option)); }
+    void AddressDelimiter(std::string it) override { mail("AddressDelimiter", it); }
+    void RelayHost(std::string host) override { mail("RelayHost", host); }
+    void SenderAddress(std::string address) override { mail("SenderAddress", address); }
+    void SenderName(std::string name) override { mail("SenderName", name); }
+    void RecipientAddress(std::string addresses) override { mail("RecipientAddress", addresses); }
+    void RecipientName(std::string names) override { mail("RecipientName", names); }
+    void SubjectText(std::string text) override { mail("SubjectText", text); }
+    void BodyText(std::string bytes) override { mail("BodyText", bytes); }
+    void SendMessage() override { mail("SendMessage", ""); }
 
   private:
+    void mail(const std::string& call, const std::string& value) {
+        calls.push_back(call + " " + value);
+        if (call == failingMailCall)
+            throw RunTimeError(ErrorNumber::ComponentFailed);
+    }
+
     template <class Queue, class Value>
     static Value next(Queue& queue, Value otherwise) {
         if (queue.empty())

@@ -15,6 +15,7 @@ struct TestWindow : OwnDesktop, frmQuillet {
     TestWindow() : frmQuillet(desktop.services()) {
         frmQuillet::show();
         desktop.forms.calls.clear();
+        desktop.calls.clear();
     }
 };
 

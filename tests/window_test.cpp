@@ -1,5 +1,5 @@
 // The tables of the main window, each row walked to its handler, and the keys on their way.
-#include "comm/web_addresses.h"
+#include "comm/fixed_addresses.h"
 #include "platform/key_codes.h"
 #include "tests/test_window.h"
 #include "window/box_keyboard.h"
@@ -155,6 +155,13 @@ const std::map<std::string, std::string> effects = {
                       "Quillet: Character Count"},
     {"mnuSentences", "abc|1+1|Inscript|Q||T|ask Number of sentences in the file are: 1 [OK] "
                      "Quillet: Line Count"},
+    {"mnuSendMail",
+     "abc|1+1|Inscript|Q||T|hourglass|MailOptionFirst 0|MailOptionSecond 1|AddressDelimiter ;|"
+     "RelayHost " +
+         std::string(mailRelay) +
+         "|input Email address of the sender (yours) [] Quillet Email|"
+         "SenderAddress |SenderName |input Email address of the recipient [] Quillet Email|"
+         "ask Sorry! You did not specify a necessary value [OK] Quillet1.0|default pointer"},
     {"mnuAddMemory", "abc|1+1|Inscript|Q|=abc|T"},
     {"mnuAppendMemory", "abc|1+1|Inscript|Q|=MEM\r\nabc|T"},
     {"mnuPasteFromMemory", "abc\r\nMEM|0+0|Inscript|Q||T"},
@@ -191,6 +198,7 @@ const std::map<std::string, std::string> sameAs = {
     {"Sentences", "mnuSentences"},
     {"Characters", "mnuCharacters"},
     {"Words", "mnuWords"},
+    {"Email", "mnuSendMail"},
     {"AddMemory", "mnuAddMemory"},
     {"AppendMemory", "mnuAppendMemory"},
     {"PasteFromMemory", "mnuPasteFromMemory"},

@@ -3,15 +3,17 @@
 # To be sourced by a script that stands in the root of the tree.
 
 buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-webengine-dev qt6-qpa-plugins
-    libxcb-xkb-dev libxkbcommon-x11-dev librsvg2-bin)
+    libxcb-xkb-dev libxkbcommon-x11-dev libcurl4-openssl-dev librsvg2-bin)
 runPackages=(fonts-dejavu-core fonts-liberation xdg-utils)
 desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
 readerTestPackages=(at-spi2-core dbus-daemon libatspi2.0-dev xclip)
 printTestPackages=(cups-daemon poppler-utils mupdf-tools ghostscript)
+mailTestPackages=(python3-aiosmtpd openssl)
 fontPackages=(python3-fonttools libharfbuzz-bin fonts-noto-core)
 benchPackages=(libbenchmark-dev libxcb-xtest0-dev libxcb-damage0-dev cups-filters)
 testPackages=(libgtest-dev "${desktopTestPackages[@]}" "${readerTestPackages[@]}"
-    "${printTestPackages[@]}" "${fontPackages[@]}" "${benchPackages[@]}")
+    "${printTestPackages[@]}" "${mailTestPackages[@]}" "${fontPackages[@]}"
+    "${benchPackages[@]}")
 ciPackages=(clang clang-format clang-tidy libclang-rt-14-dev git)
 
 # Those of the given packages that are not installed, one a line.

@@ -1,6 +1,6 @@
 #include "window/frm_about.h"
 
-#include "comm/web_addresses.h"
+#include "comm/fixed_addresses.h"
 
 #include <array>
 

@@ -29,9 +29,11 @@ frmQuillet::frmQuillet(const Desktop& desktop)
       Counting(*this, desktop.messageBox),
       PrintCommand(*this, desktop),
       ConvertCommand(*this, desktop),
+      SendMail(*this, desktop),
       WebCommands(desktop),
       screen_(desktop.screen),
       messageBox_(desktop.messageBox),
+      makeMailComponent_(desktop.makeMailComponent),
       find_(desktop.forms, desktop.messageBox, txtMain),
       replace_(desktop.forms, txtMain),
       about_(desktop.forms) {
@@ -54,6 +56,7 @@ void frmQuillet::Form_Load() {
     layOut();
     IsCharz = false;
     NewFile = true;
+    mailComponent = makeMailComponent_();
 }
 
 void frmQuillet::Form_Unload(std::int16_t& /*Cancel*/) {

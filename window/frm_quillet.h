@@ -1,6 +1,7 @@
 // The main window: the document's state and every command on it.
 #pragma once
 
+#include "comm/send_mail.h"
 #include "comm/web_commands.h"
 #include "engine/input_engine.h"
 #include "output/convert_command.h"
@@ -32,6 +33,7 @@ class frmQuillet : public MainState,
                    public Counting,
                    public PrintCommand,
                    public ConvertCommand,
+                   public SendMail,
                    public WebCommands {
   public:
     explicit frmQuillet(const Desktop& desktop);
@@ -60,6 +62,7 @@ class frmQuillet : public MainState,
 
     Screen& screen_;
     MessageBox& messageBox_;
+    MailFactory makeMailComponent_;
     frmFind find_;
     frmReplace replace_;
     frmAbout about_;

@@ -64,7 +64,7 @@ constexpr std::array<MenuRow, 60> rows = {{
     {1, "mnuSentences",        "&Sentences",         'Y', &frmQuillet::mnuSentences_Click},
 
     {0, "mnuWeb",              "&Web"},
-    {1, "mnuSendMail",         "&Send Mail"},
+    {1, "mnuSendMail",         "&Send Mail",        0,   &frmQuillet::mnuSendMail_Click},
     {1, "mnuSurfNews",         "&Surf Hindi News",  0,   &frmQuillet::mnuSurfNews_Click},
 
     {0, "mnuClipboard",        "&Memory"},

@@ -65,7 +65,7 @@ constexpr std::array<ToolbarCommand, 25> commands = {{
     {"PasteFromMemory", &frmQuillet::mnuPasteFromMemory_Click},
     {"EmptyMemory",     &frmQuillet::mnuEmptyMemory_Click},
     {"Convert",         &frmQuillet::ConvertToPdf},
-    {"Email",           nullptr},
+    {"Email",           &frmQuillet::mnuSendMail_Click},
     {"Web",             &frmQuillet::mnuSurfNews_Click},
     {"Layout",          &frmQuillet::mnuLayouts_Click},
     {"Help",            &frmQuillet::mnuTips_Click},

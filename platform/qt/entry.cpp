@@ -9,12 +9,16 @@
 
 #include <exception>
 #include <new>
+#include <utility>
+#include <vector>
 
 namespace quillet {
 namespace {
 
 bool ended = false;
 int endedWith = 0; // the exit code
+int depth = 0;     // of events within events
+std::vector<std::function<void()>> waiting;
 
 void reportAndEnd(int number, const char* text) {
     const QString message = QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text);
@@ -25,11 +29,7 @@ void reportAndEnd(int number, const char* text) {
     endProgram(1);
 }
 
-} // namespace
-
-void enter(const std::function<void()>& work) {
-    if (ended)
-        return;
+void runReporting(const std::function<void()>& work) {
     try {
         work();
     } catch (const EndOfProgram&) {
@@ -44,6 +44,26 @@ void enter(const std::function<void()>& work) {
     }
 }
 
+} // namespace
+
+void enter(const std::function<void()>& work) {
+    if (ended)
+        return;
+    ++depth;
+    runReporting(work);
+    --depth;
+    if (depth == 0)
+        for (const auto& next : std::exchange(waiting, {}))
+            next();
+}
+
+void afterwards(const std::function<void()>& work) {
+    if (depth > 0)
+        waiting.push_back(work);
+    else
+        work();
+}
+
 void endProgram(int exitCode) {
     if (ended)
         return;
@@ -52,6 +72,10 @@ void endProgram(int exitCode) {
     for (QWidget* window : QApplication::topLevelWidgets())
         window->hide();
     QCoreApplication::exit(exitCode);
+}
+
+bool hasEnded() {
+    return ended;
 }
 
 int runEvents() {

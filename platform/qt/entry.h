@@ -10,8 +10,14 @@ namespace quillet {
 /// events run nothing any more.
 void enter(const std::function<void()>& work);
 
+/// Runs `work` when the event is done that the program is busy with, or at once.
+void afterwards(const std::function<void()>& work);
+
 /// Ends the program: every window disappears and all event loops return.
 void endProgram(int exitCode = 0);
+
+/// Whether the program has ended, and only has to leave what it is busy with.
+bool hasEnded();
 
 /// Handles events until the program ends, if it has not ended already. Returns its exit code.
 int runEvents();

@@ -8,10 +8,10 @@
 
 namespace quillet {
 
-Program::Program(char** argv)
+Program::Program(char** argv, const MailFactory& makeMailComponent)
     : application_(argumentCount_, argv),
-      mainWindow_({messageBox_, fileChooser_, printer_, printer_, files_, clipboard_, screen_,
-                   shell_, forms_}),
+      mainWindow_({messageBox_, inputBox_, fileChooser_, printer_, printer_, files_, clipboard_,
+                   screen_, shell_, forms_, makeMailComponent}),
       splash_(forms_, mainWindow_) {
     QApplication::setApplicationName("Quillet");
     // The toolkit's dialogs would keep some for good.

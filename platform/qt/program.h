@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/posix/posix_files.h"
+#include "platform/qt/curl_mail.h"
 #include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_services.h"
@@ -18,7 +19,7 @@ namespace quillet {
 class Program {
   public:
     /// Knows no command line, not even the toolkit's own.
-    explicit Program(char** argv);
+    explicit Program(char** argv, const MailFactory& makeMailComponent = makeMail);
     ~Program() { forms_.dropWindows(); }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -27,9 +28,12 @@ class Program {
     frmQuillet& mainWindow() { return mainWindow_; }
 
   private:
+    static std::shared_ptr<CKpoSendMail> makeMail() { return std::make_shared<CurlMail>(); }
+
     int argumentCount_ = 1; // the name alone
     QApplication application_;
     QtMessageBox messageBox_;
+    QtInputBox inputBox_;
     QtFileChooser fileChooser_;
     QtClipboard clipboard_;
     QtScreen screen_;

@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -124,6 +125,15 @@ Answer QtMessageBox::show(const Message& message) {
     const int button = box.exec();
     leaveModalLoop();
     return answerOf(button);
+}
+
+std::string QtInputBox::ask(const std::string& prompt, const std::string& title) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(fromUtf8(title));
+    dialog.setLabelText(fromUtf8(prompt));
+    const bool given = dialog.exec() == QDialog::Accepted;
+    leaveModalLoop();
+    return given ? dialog.textValue().toStdString() : "";
 }
 
 // Qt's own dialog: the native ones do not accept a name that is not there, and ask questions of

@@ -3,6 +3,7 @@
 
 #include "platform/clipboard.h"
 #include "platform/common_dialog.h"
+#include "platform/input_box.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
 
@@ -11,6 +12,11 @@ namespace quillet {
 class QtMessageBox : public MessageBox {
   public:
     Answer show(const Message& message) override;
+};
+
+class QtInputBox : public InputBox {
+  public:
+    std::string ask(const std::string& prompt, const std::string& title) override;
 };
 
 class QtFileChooser : public FileChooser {

@@ -6,6 +6,9 @@ namespace quillet {
 /// The Hindi news website: its start page, and what addresses of its other pages begin with.
 extern const char* const newsSite;
 
+/// The relay that mail is sent through, as host or host:port.
+extern const char* const mailRelay;
+
 /// The website of this program's makers.
 extern const char* const website;
 
