@@ -24,7 +24,7 @@ class Shell {
                               const std::string& parameters, const std::string& directory,
                               int showCommand) = 0;
 
-    /// The folder that the program itself lies in.
+    /// The folder that the files of the program are named from: it holds "help".
     virtual std::string programFolder() const = 0;
 };
 

@@ -1,4 +1,5 @@
 // How files and addresses are opened, with stand-ins for the programs of the desktop.
+#include "platform/qt/program_parts.h"
 #include "platform/qt/qt_shell.h"
 #include "tests/shell.h"
 
@@ -69,6 +70,23 @@ TEST_F(ShellTest, OpensAnswersAtOnceAndFromItsFolder) {
     EXPECT_GT(open("help/page.htm"), 32);
     EXPECT_EQ(opened(), "1 " + page.string() + " " + folder.string());
     output("PATH=/bin:/usr/bin; pkill -f '^/bin/sleep 1000$'");
+}
+
+TEST_F(ShellTest, PartsLieBesideTheProgramOrWhereTheyAreInstalled) {
+    const struct {
+        const char* made;
+        const char* found;
+    } rows[] = {{"usr/none", "usr/bin"},
+                {"usr/share/quillet/part", "usr/share/quillet"},
+                {"usr/bin/part", "usr/bin"}};
+    for (const auto& row : rows) {
+        fs::create_directories(folder / "usr/bin");
+        fs::create_directories(folder / row.made);
+        const std::string found =
+            folderWith("part", "../share/quillet", QString((folder / "usr/bin").c_str()))
+                .toStdString();
+        EXPECT_EQ(found, folder / row.found) << row.made;
+    }
 }
 
 } // namespace

@@ -9,11 +9,12 @@ desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
 readerTestPackages=(at-spi2-core dbus-daemon libatspi2.0-dev xclip)
 printTestPackages=(cups-daemon poppler-utils mupdf-tools ghostscript)
 mailTestPackages=(python3-aiosmtpd openssl)
+packagingTestPackages=(lintian desktop-file-utils appstream dpkg-dev shared-mime-info)
 fontPackages=(python3-fonttools libharfbuzz-bin fonts-noto-core)
 benchPackages=(libbenchmark-dev libxcb-xtest0-dev libxcb-damage0-dev cups-filters)
 testPackages=(libgtest-dev "${desktopTestPackages[@]}" "${readerTestPackages[@]}"
-    "${printTestPackages[@]}" "${mailTestPackages[@]}" "${fontPackages[@]}"
-    "${benchPackages[@]}")
+    "${printTestPackages[@]}" "${mailTestPackages[@]}" "${packagingTestPackages[@]}"
+    "${fontPackages[@]}" "${benchPackages[@]}")
 ciPackages=(clang clang-format clang-tidy libclang-rt-14-dev git)
 
 # Those of the given packages that are not installed, one a line.

@@ -1,9 +1,9 @@
 #include "platform/qt/browser_process.h"
 
 #include "comm/frm_web.h"
+#include "platform/qt/program_parts.h"
 #include "platform/qt/text_codec.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 namespace quillet {
@@ -23,8 +23,9 @@ BrowserProcess::BrowserProcess(const frmWeb& form, const std::function<void()>& 
     });
     setProcessChannelMode(ForwardedErrorChannel);
     setStandardOutputFile(nullDevice());
+    const QString helper = "quillet-browser";
     const WebBrowser& browser = form.wBrowser;
-    start(QDir(QCoreApplication::applicationDirPath()).filePath("quillet-browser"),
+    start(QDir(folderWith(helper, QUILLET_HELPERS)).filePath(helper),
           {fromUtf8(form.Caption()), inTwips(browser.Left), inTwips(browser.Top),
            inTwips(browser.Width), inTwips(browser.Height), fromUtf8(browser.address)});
 }

@@ -3,7 +3,7 @@
 set(toolbar_widths 16 24 32 36 48 72) # painted: 24 at the scales 1, 1.5, 2 and 3
 set(product_widths 16 24 32 48 64 96 128)
 set(splash_widths 360 540 720)
-set(desktop_width 256) # of the product, for the desktop's menu alone
+set(desktop_width 256) # of what the desktop itself shows: the product and its documents
 
 set(picture_dir ${CMAKE_CURRENT_BINARY_DIR}/icons)
 file(MAKE_DIRECTORY ${picture_dir})
@@ -11,7 +11,7 @@ file(GLOB drawings CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/icons/*.svg)
 foreach(drawing IN LISTS drawings)
     cmake_path(GET drawing STEM name)
     set(widths ${toolbar_widths})
-    if(name STREQUAL "Product")
+    if(name MATCHES "^(Product|Document)$")
         set(widths ${product_widths} ${desktop_width})
     elseif(name STREQUAL "Splash")
         set(widths ${splash_widths})
@@ -27,7 +27,11 @@ foreach(drawing IN LISTS drawings)
                        COMMENT "Drawing ${name}" VERBATIM)
     list(APPEND pictures ${outputs})
 endforeach()
-list(REMOVE_ITEM pictures ${picture_dir}/Product-${desktop_width}.png)
+set(document_pictures ${pictures})
+list(FILTER document_pictures INCLUDE REGEX "/Document-")
+add_custom_target(document_pictures DEPENDS ${document_pictures})
+add_dependencies(quillet_qt document_pictures)
+list(REMOVE_ITEM pictures ${document_pictures} ${picture_dir}/Product-${desktop_width}.png)
 qt_add_resources(quillet_qt pictures PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR} FILES ${pictures})
 
 foreach(kind IN ITEMS toolbar product splash)
@@ -36,10 +40,15 @@ foreach(kind IN ITEMS toolbar product splash)
     set_property(SOURCE icons.cpp APPEND PROPERTY COMPILE_DEFINITIONS ${constant}=${widths})
 endforeach()
 
-set(theme share/icons/hicolor)
-foreach(width IN LISTS product_widths ITEMS ${desktop_width})
-    install(FILES ${picture_dir}/Product-${width}.png
-            DESTINATION ${theme}/${width}x${width}/apps RENAME quillet.png)
-endforeach()
-install(FILES ${CMAKE_SOURCE_DIR}/icons/Product.svg
-        DESTINATION ${theme}/scalable/apps RENAME quillet.svg)
+# A picture in the places where desktops look for icons.
+function(install_icon drawing kind name)
+    set(theme ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+    foreach(width IN LISTS product_widths ITEMS ${desktop_width})
+        install(FILES ${picture_dir}/${drawing}-${width}.png
+                DESTINATION ${theme}/${width}x${width}/${kind} RENAME ${name}.png)
+    endforeach()
+    install(FILES ${CMAKE_SOURCE_DIR}/icons/${drawing}.svg
+            DESTINATION ${theme}/scalable/${kind} RENAME ${name}.svg)
+endfunction()
+install_icon(Product apps quillet)
+install_icon(Document mimetypes application-x-quillet)

@@ -1,8 +1,8 @@
 #include "platform/qt/qt_shell.h"
 
+#include "platform/qt/program_parts.h"
 #include "platform/qt/text_codec.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -74,7 +74,7 @@ int QtShell::ShellExecuteA(const std::string& /*operation*/, const std::string& 
 }
 
 std::string QtShell::programFolder() const {
-    return QCoreApplication::applicationDirPath().toStdString();
+    return folderWith("help", QUILLET_DATA).toStdString();
 }
 
 } // namespace quillet

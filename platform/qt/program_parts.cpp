@@ -1,0 +1,13 @@
+#include "platform/qt/program_parts.h"
+
+#include <QDir>
+
+namespace quillet {
+
+QString folderWith(const QString& part, const QString& installed, const QString& programFolder) {
+    const QDir own(programFolder);
+    const QDir other(QDir::cleanPath(own.filePath(installed)));
+    return !own.exists(part) && other.exists(part) ? other.path() : own.path();
+}
+
+} // namespace quillet
