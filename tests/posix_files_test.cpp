@@ -41,14 +41,15 @@ TEST_F(PosixFilesTest, LooksForNamesWithTwoWildcardsOnly) {
     fs::create_directories(folder / "a*[b]\\/sub");
     fs::create_directory(folder / "other");
     fs::create_directory_symlink("other", folder / "link");
+    fs::create_symlink("gone", folder / "broken");
     for (const char* name : {"a*[b]\\/.hidden", "a*[b]\\/[x]\\", "letter.qlt", ".dot"})
         write(folder / name, "");
     for (const char* pattern : {"letter.qlt", "l?tter.*", "*", "l*", ".d*", "*dot", "a*[b]\\/*",
                                 "a*[b]\\/.hidden", "a*[b]\\/[x]\\", "a*[b]\\/[x]?", "a*[b]\\/[?]*"})
         EXPECT_TRUE(files.exists(folder / pattern)) << pattern;
-    for (const char* pattern :
-         {"LETTER.qlt", "?letter.qlt", "letter.qlt/", "*.none", "other", "o*", "l[e]tter.qlt",
-          "li*", ".", "other/*", "a*[b]\\/s*", "a*/.hidden", "a*[b]\\/x\\", "none/*"})
+    for (const char* pattern : {"LETTER.qlt", "?letter.qlt", "letter.qlt/", "*.none", "other", "o*",
+                                "l[e]tter.qlt", "li*", ".", "other/*", "a*[b]\\/s*", "a*/.hidden",
+                                "a*[b]\\/x\\", "none/*", "br*", "broken"})
         EXPECT_FALSE(files.exists(folder / pattern)) << pattern;
     EXPECT_FALSE(files.exists(""));
     EXPECT_FALSE(files.exists(folder / std::string("letter.qlt\0", 11)));

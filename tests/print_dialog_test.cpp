@@ -58,6 +58,13 @@ class PrintServer {
         return waitUntil(isWhole) ? document : fs::path();
     }
 
+    // What the server is asked to do with a job, as its bytes, once they are there.
+    std::string requests(int number) const {
+        const std::string control = folder_ / "spool" / ("c0000" + std::to_string(number));
+        EXPECT_TRUE(waitUntil([&] { return !output("grep -a number-up " + control).empty(); }));
+        return output("tr -d '\\0' < " + control);
+    }
+
   private:
     void write(const char* name, const std::string& text) const {
         std::ofstream(folder_ / "root" / name) << text;
@@ -122,7 +129,23 @@ TEST_F(Printing, IntoAFileAndToAServer) {
     ASSERT_EQ(selected.size(), 1U);
     EXPECT_EQ(selected[0].text, "1");
 
-    // The list of printers ends with the file. A second answer lets it be replaced.
+    // The server must not choose once more among the pages that were chosen: even ones, from 2 on.
+    session.send("key ctrl+Home " + printKey);
+    ASSERT_TRUE(DesktopSession::waitForTitle("Print"));
+    session.send("key alt+n key Tab key Tab key Tab key space key alt+n key Tab key Tab key Tab "
+                 "key Tab key Down key Down key Tab");
+    session.type("2-3");
+    session.send("key Tab key Down key Down key Return");
+    ASSERT_TRUE(DesktopSession::waitForTitle(title()));
+    const auto second = printedWords(server.job(3));
+    ASSERT_FALSE(second.empty());
+    EXPECT_EQ(words[words.size() - second.size()].page, 2);
+    EXPECT_EQ(second[0].text, words[words.size() - second.size()].text);
+    EXPECT_EQ(second.back().page, 1);
+    EXPECT_EQ(server.requests(3).find("page-"), std::string::npos);
+
+    // All of it again. The list of printers ends with the file. A second answer lets it be
+    // replaced.
     const std::string file = session.path("printed.pdf");
     session.send("key ctrl+Home " + printKey);
     ASSERT_TRUE(DesktopSession::waitForTitle("Print"));

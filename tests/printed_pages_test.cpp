@@ -151,8 +151,13 @@ TEST_F(PrintedPages, AFailureLeavesTheFileAsItWas) {
     expectFailure(folder / "missing" / "printed.pdf");
     EXPECT_NE(QGuiApplication::overrideCursor(), nullptr) << "the hourglass";
     expectFailure("/dev/full");
+    qputenv("TMPDIR", "/proc");
+    expectFailure(folder / "other.pdf");
+    qunsetenv("TMPDIR");
+    EXPECT_FALSE(fs::exists(folder / "other.pdf"));
     useFile(folder / "other.pdf");
     print("a");
+    EXPECT_TRUE(fs::exists(folder / "other.pdf"));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 

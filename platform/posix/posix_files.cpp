@@ -152,15 +152,19 @@ PosixFiles::PosixFiles() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
-// The system marks folders by a slash. Names that begin with a dot are like any others.
+// The system also finds folders, and links whose file is gone. Names that begin with a dot are like
+// any others.
 bool PosixFiles::exists(const std::string& pattern) {
     if (!isName(pattern) || pattern.ends_with('/'))
         return false;
     glob_t found{};
-    ::glob(systemPattern(pattern).c_str(), GLOB_MARK | GLOB_NOSORT | GLOB_PERIOD, nullptr, &found);
+    ::glob(systemPattern(pattern).c_str(), GLOB_NOSORT | GLOB_PERIOD, nullptr, &found);
     const std::span names(found.gl_pathv, found.gl_pathc);
-    const bool exists = std::any_of(names.begin(), names.end(),
-                                    [](std::string_view name) { return !name.ends_with('/'); });
+    const bool exists = std::any_of(names.begin(), names.end(), [](const char* name) {
+        std::error_code failure;
+        const fs::file_status status = fs::status(name, failure);
+        return fs::exists(status) && !fs::is_directory(status);
+    });
     ::globfree(&found);
     return exists;
 }

@@ -2,16 +2,44 @@
 
 #include <QPageRanges>
 #include <QPainter>
+#include <QPrintEngine>
 #include <QPrinter>
 
 #include <algorithm>
+#include <array>
 
 namespace quillet {
 namespace {
 
-bool isChosen(const QPrinter& printer, int page) {
+// The toolkit's options for a print server: names and values in turn.
+constexpr auto serverOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+
+// Takes an option away from the server, which would apply it to the pages that it is sent instead
+// of those of the document.
+QString takeOption(const QPrinter& printer, const QString& name) {
+    QStringList options = printer.printEngine()->property(serverOptions).toStringList();
+    const qsizetype at = options.indexOf(name);
+    if (at < 0)
+        return {};
+    QString value = options.value(at + 1);
+    options.remove(at, 2);
+    printer.printEngine()->setProperty(serverOptions, options);
+    return value;
+}
+
+bool isInRange(const QPrinter& printer, int page) {
     const QPageRanges ranges = printer.pageRanges();
     return printer.printRange() != QPrinter::PageRange || ranges.isEmpty() || ranges.contains(page);
+}
+
+// Whether even pages are printed, and odd ones. Where a range begins with an even page the dialog
+// has exchanged the two for the server.
+std::array<bool, 2> chosenParities(const QPrinter& printer) {
+    const QString chosen = takeOption(printer, "page-set");
+    std::array<bool, 2> parities = {chosen != "odd", chosen != "even"};
+    if (printer.printRange() == QPrinter::PageRange && printer.fromPage() % 2 == 0)
+        std::swap(parities[0], parities[1]);
+    return parities;
 }
 
 template <class Value>
@@ -59,9 +87,11 @@ bool PrintJob::print(QPrinter& printer) const {
 }
 
 std::vector<const PrintJob::Page*> PrintJob::pagesFor(const QPrinter& printer) const {
+    takeOption(printer, "page-ranges");
+    const std::array<bool, 2> parities = chosenParities(printer); // even, odd
     std::vector<const Page*> pages;
     for (int number = 1; number <= page(); ++number)
-        if (isChosen(printer, number))
+        if (isInRange(printer, number) && parities.at(static_cast<std::size_t>(number % 2)))
             pages.push_back(&pages_[static_cast<std::size_t>(number) - 1]);
     if (printer.pageOrder() == QPrinter::LastPageFirst)
         std::reverse(pages.begin(), pages.end());

@@ -8,20 +8,45 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLineEdit>
+#include <QPageRanges>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRadioButton>
 #include <QTemporaryDir>
 
 #include <array>
+#include <utility>
 
 namespace quillet {
+namespace {
+
+// The toolkit's own checks the typed pages before it has read them, so that it refuses all of them.
+class PrintDialog : public QPrintDialog {
+  public:
+    using QPrintDialog::QPrintDialog;
+
+    void accept() override {
+        const auto* isTyped = findChild<QRadioButton*>("pagesRadioButton");
+        const auto* pages = findChild<QLineEdit*>("pagesLineEdit");
+        if (isTyped != nullptr && isTyped->isChecked() && pages != nullptr)
+            printer()->setPageRanges(QPageRanges::fromString(pages->text()));
+        QPrintDialog::accept();
+    }
+};
+
+} // namespace
 
 QtPrinter::QtPrinter(Files& files) : files_(files) {}
 
 QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::choosePrinter() {
-    QPrintDialog dialog(&device(), QApplication::activeWindow());
+    // The dialog keeps these to itself until it is asked for more.
+    device().setPrintRange(QPrinter::AllPages);
+    device().setCopyCount(1);
+    device().setPageOrder(QPrinter::FirstPageFirst);
+    PrintDialog dialog(&device(), QApplication::activeWindow());
     const bool chosen = dialog.exec() == QDialog::Accepted;
     leaveModalLoop();
     if (chosen)
@@ -73,10 +98,10 @@ void QtPrinter::NewPage() {
 }
 
 void QtPrinter::EndDoc() {
-    const bool isFile = !device().outputFileName().isEmpty();
-    const bool printed = isFile ? printToFile() : job_.print(device());
+    const PrintJob whole = std::exchange(job_, {});
     startJob();
-    if (!printed)
+    const bool isFile = !device().outputFileName().isEmpty();
+    if (!(isFile ? printToFile(whole) : whole.print(device())))
         throw RunTimeError(ErrorNumber::PrinterError);
 }
 
@@ -111,11 +136,13 @@ double QtPrinter::toDots(float twips) {
 }
 
 // Through a file of its own, since the toolkit does not tell when the disk is full.
-bool QtPrinter::printToFile() {
+bool QtPrinter::printToFile(const PrintJob& job) {
     const QTemporaryDir folder;
+    if (!folder.isValid()) // without a name the printer would print on paper
+        return false;
     const QString name = device().outputFileName();
     device().setOutputFileName(folder.filePath("printed.pdf"));
-    const bool printed = job_.print(device());
+    const bool printed = job.print(device());
     QFile file(device().outputFileName());
     device().setOutputFileName(name);
     if (!printed)

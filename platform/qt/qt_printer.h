@@ -47,7 +47,7 @@ class QtPrinter : public Printer, public PrinterChooser {
     const PrinterFont& font();
     float toTwips(double dots);
     double toDots(float twips);
-    bool printToFile();
+    bool printToFile(const PrintJob& job);
 
     Files& files_;
     std::unique_ptr<QPrinter> device_; // made at first use: it asks the system for printers
