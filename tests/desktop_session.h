@@ -22,6 +22,8 @@ class Process {
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
+    pid_t id() const { return pid_; }
+
     /// The exit code once the process has ended by itself, or -1 after ten seconds.
     int waitForExit();
 

@@ -41,8 +41,9 @@ struct FakeDesktop : MessageBox,
     std::string failingMailCall;    // such as "SendMessage"
     std::vector<std::string> calls; // what was asked, in order
     bool choosesPrinter = true;     // in the next print dialogs
+    int fault = -1;                 // how many more calls to dialogs, files and devices succeed
     int shellResult = Shell::Success;
-    FakePrinter printer;
+    FakePrinter printer{[this] { fail(); }};
     FakeForms forms;
 
     /// With other files than its own where they are given.
@@ -74,26 +75,29 @@ struct FakeDesktop : MessageBox,
         call += startName + "':";
         for (const FileFilter& filter : filters)
             call += " " + filter.patterns;
-        calls.push_back(call);
+        mayFail(call);
         return next(choices, std::optional<std::string>());
     }
 
     bool choosePrinter() override {
-        calls.emplace_back("choose printer");
+        mayFail("choose printer");
         return choosesPrinter;
     }
 
-    bool exists(const std::string& pattern) override { return disk.contains(pattern); }
+    bool exists(const std::string& pattern) override {
+        fail();
+        return disk.contains(pattern);
+    }
 
     GapBuffer read(const std::string& path) override {
-        calls.push_back("read " + path);
+        mayFail("read " + path);
         if (!disk.contains(path))
             throw RunTimeError(ErrorNumber::FileNotFound);
         return GapBuffer(disk[path]);
     }
 
     void write(const std::string& path, std::span<const GlyphView> parts) override {
-        calls.push_back("write " + path);
+        mayFail("write " + path);
         if (readOnly.contains(path))
             throw RunTimeError(ErrorNumber::PathFileAccess);
         disk[path].clear();
@@ -101,8 +105,12 @@ struct FakeDesktop : MessageBox,
             disk[path] += part;
     }
 
-    void setText(GlyphView text) override { clipboard = text; }
+    void setText(GlyphView text) override {
+        fail();
+        clipboard = text;
+    }
     GlyphString text() override {
+        fail();
         if (clipboardFails)
             throw RunTimeError(ErrorNumber::PermissionDenied);
         return clipboard;
@@ -136,8 +144,18 @@ struct FakeDesktop : MessageBox,
     void SendMessage() override { mail("SendMessage", ""); }
 
   private:
+    void mayFail(const std::string& call) {
+        calls.push_back(call);
+        fail();
+    }
+
+    void fail() {
+        if (fault >= 0 && fault-- == 0)
+            throw RunTimeError(ErrorNumber::OutOfMemory);
+    }
+
     void mail(const std::string& call, const std::string& value) {
-        calls.push_back(call + " " + value);
+        mayFail(call + " " + value);
         if (call == failingMailCall)
             throw RunTimeError(ErrorNumber::ComponentFailed);
     }

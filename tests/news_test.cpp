@@ -61,20 +61,28 @@ struct News : ::testing::Test {
         ASSERT_TRUE(DesktopSession::waitForTitle(newsTitle));
     }
 
+    // The process of the browser, or nothing.
+    std::string browser() {
+        return output("pgrep -x quillet-browser -P " + std::to_string(session.program().id()));
+    }
+
+    static bool runs(const std::string& process) {
+        return !process.empty() && fs::exists("/proc/" + process);
+    }
+
     // More than once: the window manager may not have it in the foreground yet.
     void closeBrowser() {
+        const std::string process = browser();
         EXPECT_TRUE(waitUntil([&] {
             if (DesktopSession::title() == newsTitle)
                 session.send("key alt+F4 sleep 0.2");
-            return !browserRuns();
+            return !runs(process);
         }));
     }
-
-    static bool browserRuns() { return !output("pgrep -x quillet-browser").empty(); }
 };
 
 TEST_F(News, OpenCloseAndCrashBesideTheDocument) {
-    EXPECT_FALSE(browserRuns()) << "before it is used";
+    EXPECT_EQ(browser(), "") << "before it is used";
     session.type("kfley");
     surf();
     EXPECT_TRUE(waitUntil([&] { return site.visits() == "1"; }));
@@ -84,19 +92,20 @@ TEST_F(News, OpenCloseAndCrashBesideTheDocument) {
     surf();
     EXPECT_TRUE(waitUntil([&] { return site.visits() == "2"; }));
 
-    output("pkill -KILL -x quillet-browser");
+    output("kill -KILL " + browser());
     EXPECT_TRUE(
         DesktopSession::waitForTitle("Quillet: Inscript Based Basic Devnagari Word Processor"));
     EXPECT_EQ(session.saveAs("after.qlt"), "fdrkc\r\n");
 
     site.close();
     surf();
+    const std::string last = browser();
     session.send("search --name '^Quillet: Hindi Text' windowactivate --sync");
     session.send("keydown ctrl key 26 keyup ctrl"); // E by its place: Exit
     ASSERT_TRUE(DesktopSession::waitForTitle("Quillet1.0"));
     session.send("key alt+n");
     EXPECT_EQ(session.program().waitForExit(), 0);
-    EXPECT_TRUE(waitUntil([] { return !browserRuns(); }));
+    EXPECT_TRUE(waitUntil([&] { return !runs(last); }));
 }
 
 TEST_F(News, KeepTheProgramRunningWithoutItsMainWindow) {

@@ -398,9 +398,12 @@ TEST(FormWindow, TextsAndCaptionsGoBothWays) {
 }
 
 struct GlyphLine : ::testing::Test {
-    GlyphLine() { offerOpenFonts(); }
+    static QFont devanagari() {
+        offerOpenFonts();
+        return QFont("Kruti Dev 010");
+    }
 
-    GlyphLineEdit line{QFont("Kruti Dev 010"), nullptr};
+    GlyphLineEdit line{devanagari(), nullptr};
     QClipboard* clipboard = QGuiApplication::clipboard();
 
     template <class Event>
