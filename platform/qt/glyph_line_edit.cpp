@@ -94,8 +94,6 @@ void GlyphLineEdit::pasteFrom(QClipboard::Mode mode) {
 // The toolkit has just put the selected characters there as they stand in the line.
 void GlyphLineEdit::translateCopy(QClipboard::Mode mode) const {
     QClipboard* clipboard = QGuiApplication::clipboard();
-    if (!(mode == QClipboard::Selection ? clipboard->ownsSelection() : clipboard->ownsClipboard()))
-        return; // another program's, which might not answer
     const QString theirs = quillet::displayText(glyphText(selectedText()));
     if (theirs != selectedText() && clipboard->text(mode) == selectedText())
         clipboard->setText(theirs, mode);
