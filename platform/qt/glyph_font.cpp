@@ -3,6 +3,7 @@
 #include "platform/qt/text_codec.h"
 
 #include <QFontMetricsF>
+#include <QRawFont>
 
 #include <algorithm>
 #include <cmath>
@@ -20,19 +21,27 @@ QFont fontOf(const EditBox& box) {
     return font;
 }
 
-Advance advanceOf(const QFontMetricsF& metrics, QChar shown) {
-    const double pixels = metrics.horizontalAdvance(shown);
-    return std::max(0, static_cast<Advance>(std::lround(pixels * advancePerPixel)));
+// All at once: one by one each would be laid out as a text.
+std::array<Advance, 256> advancesOf(const QFont& font, const GlyphCharacters& characters) {
+    QString measured;
+    for (int code = 0; code < 256; ++code)
+        measured += characters.measured(static_cast<char>(code));
+    const QRawFont raw = QRawFont::fromFont(font);
+    const auto widths = raw.advancesForGlyphIndexes(raw.glyphIndexesForString(measured));
+    std::array<Advance, 256> advances{};
+    std::transform(widths.begin(), widths.end(), advances.begin(), [](const QPointF& width) {
+        return std::max(0, static_cast<Advance>(std::lround(width.x() * advancePerPixel)));
+    });
+    return advances;
 }
 
 } // namespace
 
-GlyphFont::GlyphFont(const EditBox& box) : font_(fontOf(box)), characters_(font_) {
+GlyphFont::GlyphFont(const EditBox& box)
+    : font_(fontOf(box)),
+      characters_(font_),
+      advances_(advancesOf(font_, characters_)) {
     const QFontMetricsF metrics(font_);
-    for (std::size_t code = 0; code < advances_.size(); ++code) {
-        const QChar measured = characters_.measured(static_cast<char>(code));
-        advances_[code] = advanceOf(metrics, measured);
-    }
     ascent_ = static_cast<int>(std::ceil(metrics.ascent()));
     lineHeight_ = std::max(1, ascent_ + static_cast<int>(std::ceil(metrics.descent())));
 }
