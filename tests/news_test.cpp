@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include <unistd.h>
+
 namespace quillet {
 namespace {
 
@@ -19,7 +21,7 @@ class NewsSite {
     NewsSite() {
         std::string pattern = fs::temp_directory_path() / "quillet-news-XXXXXX";
         folder_ = mkdtemp(pattern.data());
-        std::ofstream(folder_ / "index.html") << "<title>News</title><h1>News</h1>";
+        write("index.html", "<title>News</title><h1>News</h1>");
         const std::string serve = "cd " + folder_.string() +
                                   " && exec python3 -u -m http.server --bind 127.0.0.1 0 >log 2>&1";
         server_ = std::make_unique<Process>(std::vector<std::string>{"sh", "-c", serve});
@@ -37,8 +39,12 @@ class NewsSite {
     NewsSite(const NewsSite&) = delete;
     NewsSite& operator=(const NewsSite&) = delete;
 
-    // How often the start page was fetched.
-    std::string visits() const { return output("grep -c 'GET / ' " + log()); }
+    void write(const char* name, const char* page) const { std::ofstream(folder_ / name) << page; }
+
+    // How often a page was fetched; the start page is "".
+    std::string visits(const std::string& name = "") const {
+        return output("grep -c 'GET /" + name + " ' " + log());
+    }
 
     void close() { server_.reset(); }
 
@@ -49,8 +55,28 @@ class NewsSite {
     std::unique_ptr<Process> server_;
 };
 
+// Stands in for the program that opens things on this desktop.
+struct Opener {
+    fs::path folder = fs::path(testing::TempDir()) / ("quillet-open-" + std::to_string(getpid()));
+    std::string oldPath = getenv("PATH");
+
+    Opener() {
+        fs::create_directories(folder);
+        std::ofstream(folder / "xdg-open") << "#!/bin/sh\n: >'" << folder.string() << "/opened'\n";
+        fs::permissions(folder / "xdg-open", fs::perms::owner_all);
+        setenv("PATH", (folder.string() + ":" + oldPath).c_str(), 1);
+    }
+    ~Opener() {
+        setenv("PATH", oldPath.c_str(), 1);
+        fs::remove_all(folder);
+    }
+    Opener(const Opener&) = delete;
+    Opener& operator=(const Opener&) = delete;
+};
+
 struct News : ::testing::Test {
     NewsSite site;
+    Opener stub;
     DesktopSession session{{.path = ELSEWHERE_PROGRAM}};
 
     void surf() {
@@ -115,6 +141,35 @@ TEST_F(News, KeepTheProgramRunningWithoutItsMainWindow) {
     EXPECT_EQ(output("xdotool search --name '^Quillet: Inscript'"), "");
     closeBrowser();
     EXPECT_EQ(session.program().waitForExit(), 0);
+}
+
+TEST_F(News, APageCannotHoldItsWindowWithQuestions) {
+    site.write("index.html", "<title>News</title><script>for (;;) alert()</script>");
+    surf();
+    for (int question = 0; question < 5; ++question) {
+        EXPECT_TRUE(
+            waitUntil([] { return DesktopSession::title().starts_with("Javascript Alert"); }));
+        session.send("key Return sleep 0.5");
+    }
+    closeBrowser();
+}
+
+TEST_F(News, APageReachesNeitherFilesNorPrograms) {
+    site.write("index.html",
+               "<body style='margin: 0'><iframe src=frame.html style='width: 400px'></iframe>"
+               "<button style='position: fixed; left: 500px; top: 0; width: 200px; height: 200px' "
+               "onclick='showSaveFilePicker().catch(() => fetch(\"refused\"))'>Save</button>");
+    site.write("frame.html", "<a href='quillet:x' target=_self onclick='fetch(\"clicked\")' "
+                             "style='position: fixed; inset: 0'>Run</a>");
+    surf();
+    EXPECT_TRUE(waitUntil([&] { return site.visits("frame.html") == "1"; }));
+    EXPECT_TRUE(waitUntil([&] {
+        session.send("mousemove 200 100 click 1 sleep 0.5");
+        return site.visits("clicked") != "0";
+    }));
+    session.send("mousemove 600 100 click 1");
+    EXPECT_TRUE(waitUntil([&] { return site.visits("refused") == "1"; }));
+    EXPECT_FALSE(fs::exists(stub.folder / "opened")) << "a program of the desktop was run";
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // What the toolkit's side translates, paints and catches, without a display.
 #include "base/run_time_error.h"
+#include "comm/frm_web.h"
 #include "platform/qt/entry.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/glyph_font.h"
@@ -8,8 +9,10 @@
 #include "platform/qt/icons.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/main_window.h"
+#include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
+#include "tests/shell.h"
 #include "tests/test_window.h"
 #include "window/frm_splash.h"
 #include "window/image_list.h"
@@ -43,8 +46,9 @@
 #include <functional>
 #include <iterator>
 #include <random>
-
 #include <vector>
+
+#include <sys/resource.h>
 
 namespace quillet {
 namespace {
@@ -557,6 +561,28 @@ TEST(FormWindow, TheSplashIsOfOneColourBelowItsPicture) {
     EXPECT_EQ(shown.pixelColor(9, bottom), shown.pixelColor(9, bottom - 9));
     EXPECT_EQ(window.findChild<QLabel*>()->accessibleName(), QApplication::applicationName());
     QApplication::setPalette(before);
+}
+
+TEST(QtForms, ANewsWindowThatCannotOpenIsClosedAgain) {
+    QtForms forms;
+    QtScreen screen;
+    frmWeb web(forms, screen);
+    const FormDesign design{"frmOther", "", FormFrame::Sizable, {1440}, {1440}, {}};
+    Form other(forms, design); // without it the program would end
+    other.show();
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit none{.rlim_cur = 0, .rlim_max = limit.rlim_max};
+    for (const rlimit& files : {none, limit}) { // no pipe to the browser, and then no browser
+        setrlimit(RLIMIT_NOFILE, &files);
+        web.show();
+        setrlimit(RLIMIT_NOFILE, &limit);
+        EXPECT_TRUE(waitUntil([&] {
+            QApplication::processEvents();
+            return !web.isVisible();
+        })) << files.rlim_cur;
+    }
+    forms.dropWindows();
 }
 
 // The last one, for afterwards the program has ended and no event runs anything.

@@ -17,10 +17,12 @@ QString inTwips(float length) {
 
 BrowserProcess::BrowserProcess(const frmWeb& form, const std::function<void()>& closed) {
     connect(this, &QProcess::finished, this, closed);
-    connect(this, &QProcess::errorOccurred, this, [closed](ProcessError error) {
+    // Queued, for it may come while this is made and nobody could close it yet.
+    const auto failed = [closed](ProcessError error) {
         if (error == FailedToStart)
             closed();
-    });
+    };
+    connect(this, &QProcess::errorOccurred, this, failed, Qt::QueuedConnection);
     setProcessChannelMode(ForwardedErrorChannel);
     setStandardOutputFile(nullDevice());
     const QString helper = "quillet-browser";

@@ -25,6 +25,32 @@ class Page : public QWebEnginePage {
                                  bool isMainFrame) override {
         return !isMainFrame || isOfTheWeb(address);
     }
+
+    QStringList chooseFiles(FileSelectionMode /*mode*/, const QStringList& /*names*/,
+                            const QStringList& /*types*/) override {
+        return {};
+    }
+
+    void javaScriptAlert(const QUrl& origin, const QString& text) override {
+        if (mayAsk())
+            QWebEnginePage::javaScriptAlert(origin, text);
+    }
+
+    // Also asked when a page does not want to be left.
+    bool javaScriptConfirm(const QUrl& origin, const QString& text) override {
+        return !mayAsk() || QWebEnginePage::javaScriptConfirm(origin, text);
+    }
+
+    bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& initial,
+                          QString* result) override {
+        return mayAsk() && QWebEnginePage::javaScriptPrompt(origin, text, initial, result);
+    }
+
+  private:
+    // Without an end to its questions a page could keep its window from being closed.
+    bool mayAsk() { return ++questions_ <= 5; }
+
+    int questions_ = 0;
 };
 
 void confine(QWebEngineSettings& settings) {
@@ -34,6 +60,8 @@ void confine(QWebEngineSettings& settings) {
           Settings::JavascriptCanAccessClipboard, Settings::PluginsEnabled,
           Settings::ScreenCaptureEnabled, Settings::AllowGeolocationOnInsecureOrigins})
         settings.setAttribute(attribute, false);
+    // A frame of a page could start other programs else.
+    settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
 }
 
 void openOutside(const QWebEngineNewWindowRequest& request) {

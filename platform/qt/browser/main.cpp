@@ -18,6 +18,11 @@ bool readLines() {
     return read(STDIN_FILENO, lines.data(), lines.size()) > 0;
 }
 
+// Whatever the system's decimal point is.
+quillet::Twips inTwips(const char* text) {
+    return {QByteArray(text).toDouble()};
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -30,10 +35,10 @@ int main(int argc, char** argv) {
     const QApplication application(nameAlone, argv);
     QApplication::setApplicationName("Quillet");
     quillet::BrowserWindow window({.title = argv[1],
-                                   .left = {atof(argv[2])},
-                                   .top = {atof(argv[3])},
-                                   .width = {atof(argv[4])},
-                                   .height = {atof(argv[5])},
+                                   .left = inTwips(argv[2]),
+                                   .top = inTwips(argv[3]),
+                                   .width = inTwips(argv[4]),
+                                   .height = inTwips(argv[5]),
                                    .address = argv[6]});
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &window, [&] {
