@@ -20,6 +20,8 @@ void checkSame(const LineLayout& layout, const LineMetrics& metrics, const GapBu
     check(layout.lineCount() == full.lineCount(), "as many lines");
     for (Position line = 0; line <= full.lineCount(); ++line)
         check(layout.lineStart(line) == full.lineStart(line), "the same starts");
+    for (Position line = 0; line < full.lineCount(); ++line)
+        check(layout.lineOf(full.lineStart(line)) == line, "found by their places");
 }
 
 void run(Input input) {
@@ -33,14 +35,19 @@ void run(Input input) {
         const Position removed = input.upTo(size - at);
         const GlyphView inserted = input.text(input.byte());
         text.replace(at, removed, inserted);
-        layout.replaced(text, at, static_cast<Position>(inserted.size()));
+        Position lines = layout.lineCount();
+        const auto count = [&](const LineChange& change) { lines += change.after - change.before; };
+        count(layout.replaced(text, at, static_cast<Position>(inserted.size())));
         const std::uint8_t next = input.byte();
         if (next % 4 == 0)
             layout.expectChange(next % (static_cast<Position>(text.size()) + 1));
         if (next % 8 == 1)
-            layout.wrapTo(text, static_cast<Position>(text.size()) / 2);
+            count(layout.wrapTo(text, static_cast<Position>(text.size()) / 2));
         if (next % 4 == 2)
-            layout.settle(text);
+            count(layout.settle(text));
+        check(layout.lineCount() == lines, "as many lines as the changes tell");
+        for (Position line = 0; line < lines; ++line)
+            check(layout.lineStart(line) <= layout.lineStart(line + 1), "lines in order");
         if (layout.isSettled())
             checkSame(layout, metrics, text);
     }

@@ -5,10 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 #include <map>
-#include <utility>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -19,18 +16,6 @@ namespace {
 // Milliseconds. The machine may be busy; but a dialog is open as long as its user likes.
 constexpr int answerTime = 10'000;
 constexpr int dialogTime = 500;
-
-// What the library hands over is to be freed.
-template <class T>
-T taken(T* value) {
-    const std::unique_ptr<T, decltype(&g_free)> owner(value, g_free);
-    return value != nullptr ? *value : T{};
-}
-
-std::string taken(char* text) {
-    const std::unique_ptr<char, decltype(&g_free)> owner(text, g_free);
-    return text != nullptr ? text : "";
-}
 
 template <class T>
 std::shared_ptr<T> owned(T* object) {
@@ -58,11 +43,7 @@ void hear(AtspiEvent* event, void* /*data*/) {
 
 // True when no child is left, nor any that its own parent has left behind.
 bool allEnded() {
-    pid_t ended = 0;
-    do {
-        ended = waitpid(-1, nullptr, WNOHANG);
-    } while (ended > 0);
-    return ended < 0;
+    return waitpid(-1, nullptr, WNOHANG) < 0;
 }
 
 // The buses, and the one client on them: the library connects only once in a process. Nothing
@@ -71,18 +52,16 @@ class Buses : public ::testing::Environment {
   public:
     void SetUp() override {
         prctl(PR_SET_CHILD_SUBREAPER, 1); // the services that a bus starts end a while after it
-        std::string pattern = std::filesystem::temp_directory_path() / "quillet-buses-XXXXXX";
-        folder_ = mkdtemp(pattern.data());
-        const std::string socket = folder_ / "session";
+        const std::string socket = folder_.path / "session";
         const std::string address = "unix:path=" + socket;
-        setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
+        setenv("XDG_RUNTIME_DIR", folder_.path.c_str(), 1);
         setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
         setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
         for (const char* variable : {"AT_SPI_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY"})
             unsetenv(variable);
         sessionBus_ = std::make_unique<Process>(std::vector<std::string>{
             "dbus-daemon", "--session", "--nofork", "--address=" + address});
-        ASSERT_TRUE(waitUntil([&] { return std::filesystem::exists(socket); }));
+        ASSERT_TRUE(waitUntil([&] { return fs::exists(socket); }));
         ASSERT_TRUE(waitUntil([] { return atspi_get_a11y_bus() != nullptr; }));
         ASSERT_EQ(atspi_init(), 0);
         atspi_set_timeout(answerTime, answerTime);
@@ -98,11 +77,10 @@ class Buses : public ::testing::Environment {
         atspi_exit();
         sessionBus_.reset();
         EXPECT_TRUE(waitUntil(allEnded)) << "a process goes on";
-        std::filesystem::remove_all(folder_);
     }
 
   private:
-    std::filesystem::path folder_;
+    TempFolder folder_;
     std::unique_ptr<Process> sessionBus_;
     std::shared_ptr<AtspiEventListener> listener_;
 };
@@ -114,33 +92,19 @@ class Buses : public ::testing::Environment {
 Accessible::Accessible(AtspiAccessible* object) : object_(owned(object)) {}
 
 Accessible Accessible::program() {
-    const Accessible desktop(atspi_get_desktop(0));
-    return desktop.find("application", "Quillet");
-}
-
-std::string Accessible::role() const {
-    return taken(atspi_accessible_get_role_name(object_.get(), nullptr));
-}
-
-std::string Accessible::name() const {
-    return taken(atspi_accessible_get_name(object_.get(), nullptr));
+    return Accessible(atspi_get_desktop(0)).find("application", "Quillet");
 }
 
 bool Accessible::is(AtspiStateType state) const {
-    const auto states = owned(atspi_accessible_get_state_set(object_.get()));
+    const auto states = owned(atspi_accessible_get_state_set(get()));
     return states != nullptr && atspi_state_set_contains(states.get(), state) != FALSE;
-}
-
-AtspiRect Accessible::area() const {
-    return taken(atspi_component_get_extents(ATSPI_COMPONENT(object_.get()),
-                                             ATSPI_COORD_TYPE_SCREEN, nullptr));
 }
 
 std::vector<Accessible> Accessible::children() const {
     std::vector<Accessible> children;
-    const int count = atspi_accessible_get_child_count(object_.get(), nullptr);
+    const int count = atspi_accessible_get_child_count(get(), nullptr);
     for (int i = 0; i < count; ++i) {
-        const Accessible child(atspi_accessible_get_child_at_index(object_.get(), i, nullptr));
+        const Accessible child(atspi_accessible_get_child_at_index(get(), i, nullptr));
         if (child) // it may have gone meanwhile
             children.push_back(child);
     }
@@ -149,8 +113,7 @@ std::vector<Accessible> Accessible::children() const {
 
 Accessible Accessible::first(const std::function<bool(const Accessible&)>& fits) const {
     for (const Accessible& child : children()) {
-        Accessible found = fits(child) ? child : child.first(fits);
-        if (found)
+        if (Accessible found = fits(child) ? child : child.first(fits))
             return found;
     }
     return Accessible(nullptr);
@@ -185,47 +148,8 @@ std::vector<std::string> Accessible::names(const std::string& role) const {
 
 void Accessible::invoke() const {
     atspi_set_timeout(dialogTime, dialogTime);
-    atspi_action_do_action(ATSPI_ACTION(object_.get()), 0, nullptr);
+    atspi_action_do_action(ATSPI_ACTION(get()), 0, nullptr);
     atspi_set_timeout(answerTime, answerTime);
-}
-
-std::string Accessible::text() const {
-    return taken(atspi_text_get_text(asText(), 0, -1, nullptr));
-}
-
-int Accessible::length() const {
-    return atspi_text_get_character_count(asText(), nullptr);
-}
-
-TextPart Accessible::textAt(int offset, AtspiTextBoundaryType unit) const {
-    const auto part = taken(atspi_text_get_text_at_offset(asText(), offset, unit, nullptr));
-    return {part.start_offset, part.end_offset, taken(part.content)};
-}
-
-AtspiRect Accessible::areaOf(int offset) const {
-    return taken(
-        atspi_text_get_character_extents(asText(), offset, ATSPI_COORD_TYPE_SCREEN, nullptr));
-}
-
-int Accessible::offsetAt(int x, int y) const {
-    return atspi_text_get_offset_at_point(asText(), x, y, ATSPI_COORD_TYPE_SCREEN, nullptr);
-}
-
-int Accessible::caret() const {
-    return atspi_text_get_caret_offset(asText(), nullptr);
-}
-
-TextPart Accessible::selection() const {
-    const auto part = taken(atspi_text_get_selection(asText(), 0, nullptr));
-    return {part.start_offset, part.end_offset};
-}
-
-bool Accessible::setCaret(int offset) const {
-    return atspi_text_set_caret_offset(asText(), offset, nullptr) != FALSE;
-}
-
-bool Accessible::select(int start, int end) const {
-    return atspi_text_set_selection(asText(), 0, start, end, nullptr) != FALSE;
 }
 
 std::string Accessible::events(const std::string& type, const std::string& expected) const {

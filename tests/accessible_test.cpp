@@ -4,12 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace quillet {
 namespace {
-
-constexpr const char* selectAll = "keydown ctrl key 38 keyup ctrl "; // A by its place
 
 struct Reader : ::testing::Test {
     DesktopSession session;
@@ -19,13 +15,7 @@ struct Reader : ::testing::Test {
     void SetUp() override { ASSERT_TRUE(box); }
 
     void open(const std::string& bytes) {
-        const std::string path = session.path("opened.qlt");
-        session.write("opened.qlt", bytes);
-        session.send("keydown ctrl key 32 keyup ctrl"); // O by its place
-        ASSERT_TRUE(session.waitForTitle("Open"));
-        session.type(path);
-        session.send("key Return");
-        ASSERT_TRUE(session.waitForTitle("Quillet: Hindi Word Processor  " + path));
+        ASSERT_TRUE(session.open("opened.qlt", bytes));
         ASSERT_EQ(box.length(), static_cast<int>(bytes.size()));
         EXPECT_EQ(box.events("text-caret-moved", "0; "), "0; ");
     }
@@ -34,6 +24,10 @@ struct Reader : ::testing::Test {
     std::string textOnce(const std::string& expected) const {
         waitUntil([&] { return box.text() == expected; });
         return box.text();
+    }
+
+    void expectEvents(const std::string& type, const std::string& events) const {
+        EXPECT_EQ(box.events(type, events), events);
     }
 };
 
@@ -47,64 +41,56 @@ TEST_F(Reader, HearsTextAndCaretOfEveryKey) {
     } rows[] = {
         {key('k'), "d", "insert 0 d; ", "1; "},
         {key('f'), "fd", "insert 1 f; delete 0 df; insert 0 fd; ", "2; "},
-        {key('l'), "fdr", "insert 2 r; ", "3; "},
-        {key('e'), "fdrk", "insert 3 k; ", "4; "},
-        {key('y'), "fdrkc", "insert 4 c; ", "5; "},
-        {key('q'), "fdrkc©", "insert 5 ©; ", "6; "},
-        {"Return", "fdrkc©\r\n", "insert 6 \r\n; ", "8; "},
-        {"BackSpace", "fdrkc©", "delete 6 \r\n; ", "6; "},
-        {"BackSpace", "fdrkc", "delete 5 ©; ", "5; "},
-        {"Home", "fdrkc", "", "0; "},
-        {"Shift_L Delete Right", "drkc", "delete 0 f; ", "1; "},
+        {key('q'), "fd©", "insert 2 ©; ", "3; "},
+        {"Return", "fd©\r\n", "insert 3 \r\n; ", "5; "},
+        {"BackSpace", "fd©", "delete 3 \r\n; ", "3; "},
+        {"Home", "fd©", "", "0; "},
+        {"Shift_L Delete Right", "d©", "delete 0 f; ", "1; "},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.keys);
         session.send("key " + row.keys);
-        EXPECT_EQ(box.events("text-caret-moved", row.carets), row.carets) << row.keys;
-        EXPECT_EQ(box.events("text-changed", row.changes), row.changes) << row.keys;
-        EXPECT_EQ(textOnce(row.text), row.text) << row.keys;
-        EXPECT_EQ(std::to_string(box.caret()) + "; ", row.carets) << row.keys;
+        expectEvents("text-caret-moved", row.carets);
+        expectEvents("text-changed", row.changes);
+        EXPECT_EQ(textOnce(row.text), row.text);
+        EXPECT_EQ(std::to_string(box.caret()) + "; ", row.carets);
     }
 }
 
 TEST_F(Reader, HearsAndSetsTheSelection) {
     session.type("kcles");
     ASSERT_EQ(textOnce("derks"), "derks");
-    ASSERT_EQ(box.caret(), 5);
-    box.events("text-caret-moved");
+    expectEvents("text-caret-moved", "1; 2; 3; 4; 5; ");
     const struct {
-        const char* name;
         std::string keys; // none where the client does it
-        int anchor;
         int caret;
+        std::pair<int, int> selection;
         const char* carets;
         const char* selections;
     } rows[] = {
-        {"shift and left", "key shift+Left", 5, 4, "4; ", "0; "},
-        {"and again", "key shift+Left", 5, 3, "3; ", "0; "},
-        {"to its other end", "key Right", 5, 5, "5; ", "0; "},
-        {"all", selectAll, 0, 5, "", "0; "},
-        {"to its left end", "key Left", 0, 0, "0; ", "0; "},
-        {"set from outside", "", 3, 3, "3; ", ""},
-        {"selected from outside", "", 1, 4, "4; ", "0; "},
+        {"key shift+Left", 4, {4, 5}, "4; ", "0; "},
+        {"key shift+Left", 3, {3, 5}, "3; ", "0; "},
+        {"key Right", 5, {5, 5}, "5; ", "0; "},
+        {DesktopSession::ctrl('a'), 5, {0, 5}, "", "0; "},
+        {"key Left", 0, {0, 0}, "0; ", "0; "},
+        {"", 3, {3, 3}, "3; ", ""},
+        {"", 4, {1, 4}, "4; ", "0; "},
     };
     for (const auto& row : rows) {
+        SCOPED_TRACE(row.keys + " to " + std::to_string(row.caret));
         if (!row.keys.empty())
             session.send(row.keys);
+        else if (*row.selections == 0)
+            box.setCaret(row.caret);
         else
-            EXPECT_TRUE(row.anchor == row.caret ? box.setCaret(row.caret)
-                                                : box.select(row.anchor, row.caret));
-        EXPECT_EQ(box.events("text-selection-changed", row.selections), row.selections) << row.name;
-        EXPECT_EQ(box.events("text-caret-moved", row.carets), row.carets) << row.name;
-        EXPECT_EQ(box.caret(), row.caret) << row.name;
-        const auto [start, end] = std::minmax(row.anchor, row.caret);
-        EXPECT_EQ(box.selection().start, start) << row.name;
-        EXPECT_EQ(box.selection().end, end) << row.name;
+            box.select(row.selection.first, row.selection.second);
+        expectEvents("text-selection-changed", row.selections);
+        expectEvents("text-caret-moved", row.carets);
+        EXPECT_EQ(box.caret(), row.caret);
+        EXPECT_EQ(box.selection(), row.selection);
     }
     session.type("k");
     EXPECT_EQ(textOnce("dds"), "dds") << "replaces what was selected";
-    box.setCaret(0);
-    session.type("c");
-    EXPECT_EQ(textOnce("edds"), "edds") << "goes where the caret was set";
 }
 
 TEST_F(Reader, ReadsByCharacterWordAndLine) {
@@ -112,33 +98,27 @@ TEST_F(Reader, ReadsByCharacterWordAndLine) {
     for (int word = 0; word < 40; ++word)
         text += "word" + std::to_string(word) + ' ';
     open(text += "\r\nlast");
-    const int length = box.length();
+    const auto character = ATSPI_TEXT_BOUNDARY_CHAR;
+    const auto word = ATSPI_TEXT_BOUNDARY_WORD_START;
+    const auto line = ATSPI_TEXT_BOUNDARY_LINE_START;
     const struct {
-        const char* name;
         AtspiTextBoundaryType unit;
         int offset;
         const char* text;
-    } rows[] = {
-        {"character", ATSPI_TEXT_BOUNDARY_CHAR, 4, "t"},
-        {"word", ATSPI_TEXT_BOUNDARY_WORD_START, 5, "two"},
-        {"first word", ATSPI_TEXT_BOUNDARY_WORD_START, 0, "one"},
-        {"line", ATSPI_TEXT_BOUNDARY_LINE_START, 7, "one two\r\n"},
-        {"empty line", ATSPI_TEXT_BOUNDARY_LINE_START, 9, "\r\n"},
-        {"last line", ATSPI_TEXT_BOUNDARY_LINE_START, length, "last"},
-    };
+    } rows[] = {{character, 4, "t"},      {word, 5, "two"},  {word, 0, "one"},
+                {line, 7, "one two\r\n"}, {line, 9, "\r\n"}, {line, box.length(), "last"}};
     for (const auto& row : rows)
-        EXPECT_EQ(box.textAt(row.offset, row.unit).text, row.text) << row.name;
+        EXPECT_EQ(box.textAt(row.offset, row.unit).text, row.text) << row.unit << " " << row.offset;
 
     // One unit after the other leads through the whole text, however it is wrapped.
-    for (const auto unit : {ATSPI_TEXT_BOUNDARY_WORD_START, ATSPI_TEXT_BOUNDARY_LINE_START}) {
+    for (const auto unit : {word, line}) {
         std::string read;
         int units = 0;
-        for (int at = 0; at < length; ++units) {
-            const TextPart part = box.textAt(at, unit);
-            ASSERT_EQ(part.start, at);
-            ASSERT_GT(part.end, at);
+        for (TextPart part{}; part.end < box.length(); ++units) {
+            const int at = part.end;
+            part = box.textAt(at, unit);
+            ASSERT_TRUE(part.start == at && part.end > at) << at;
             read += part.text;
-            at = part.end;
         }
         EXPECT_EQ(read, text);
         EXPECT_GT(units, 4) << "the long line is wrapped";
@@ -147,13 +127,10 @@ TEST_F(Reader, ReadsByCharacterWordAndLine) {
 
 TEST_F(Reader, FindsCharactersOnTheScreen) {
     open("one\r\n" + std::string(200, 'd') + "\r\n\x80\x99 end");
-    const AtspiRect window = box.area();
     const int left = box.areaOf(0).x;
     AtspiRect before{};
     for (int at = 0; at < box.length(); ++at) {
         const AtspiRect area = box.areaOf(at);
-        EXPECT_TRUE(area.x >= window.x && area.x + area.width <= window.x + window.width) << at;
-        EXPECT_TRUE(area.y >= window.y && area.y + area.height <= window.y + window.height) << at;
         const bool sameLine = area.y == before.y;
         EXPECT_EQ(area.x, sameLine ? before.x + before.width : left) << at;
         EXPECT_TRUE(sameLine || area.y >= before.y + before.height) << at;
@@ -166,62 +143,28 @@ TEST_F(Reader, FindsCharactersOnTheScreen) {
     EXPECT_GT(before.y, box.areaOf(0).y + 2 * before.height) << "the long line is wrapped";
 }
 
-TEST_F(Reader, ReadsEveryByte) {
-    std::string bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes.push_back(static_cast<char>(code));
-    open(bytes);
-    const std::string read = box.text();
-    EXPECT_TRUE(read.starts_with("\uFFFD\x01\x02")) << "in place of NUL: " << read;
-    EXPECT_NE(read.find("\x7F€"), std::string::npos) << read;
-    EXPECT_TRUE(read.ends_with("ýþÿ")) << read;
-}
-
-TEST_F(Reader, ReadsAndHearsInTheMiddleOfALongText) {
-    std::string text;
-    while (text.size() < 5'000'000)
-        text += "line " + std::to_string(1'000'000 + text.size()) + "\r\n";
-    open(text);
-    const int middle = 14 * 180'000;
-    const std::string line = text.substr(middle, 14);
-    EXPECT_EQ(box.textAt(middle + 5, ATSPI_TEXT_BOUNDARY_LINE_START).text, line);
-    EXPECT_TRUE(box.setCaret(middle));
-    session.type("k");
-    const std::string change = "insert " + std::to_string(middle) + " d; ";
-    EXPECT_EQ(box.events("text-changed", change), change);
-    EXPECT_EQ(box.textAt(middle, ATSPI_TEXT_BOUNDARY_LINE_START).text, "d" + line);
-}
-
 TEST_F(Reader, IsNotLostWhenATextIsTooLongForTheBus) {
-    std::string text;
-    text.resize(50'000'000, '\x80');
-    open(text);
+    constexpr int middle = 25'000'000;
+    const std::string half(middle, '\x80');
+    open(half + "line\r\n" + half);
     EXPECT_TRUE(box.text().starts_with("€"));
-    session.send(std::string(selectAll) + "key Delete");
+    box.setCaret(middle);
+    session.type("k");
+    expectEvents("text-changed", "insert " + std::to_string(middle) + " d; ");
+    EXPECT_EQ(box.textAt(middle + 3, ATSPI_TEXT_BOUNDARY_CHAR).text, "n");
+    session.send(DesktopSession::ctrl('a') + "key Delete");
     session.type("k");
     EXPECT_EQ(textOnce("d"), "d");
-    EXPECT_EQ(box.events("text-changed", "insert 0 d; "), "insert 0 d; ");
 }
 
 TEST_F(Reader, FindsItsWayThroughTheWindows) {
-    for (const auto state : {ATSPI_STATE_EDITABLE, ATSPI_STATE_MULTI_LINE, ATSPI_STATE_FOCUSED})
-        EXPECT_TRUE(waitUntil([&] { return box.is(state); })) << state;
     const Accessible window = program.find("frame", DesktopSession::title());
     EXPECT_EQ(window.focused().name(), "Document");
-    const auto buttons = program.find("tool bar", "").names("push button");
-    EXPECT_EQ(buttons.size(), 24U);
-    for (const char* name : {"New", "Bold", "Keyboard Inscript", "Count Words", "Email text"})
-        EXPECT_EQ(std::count(buttons.begin(), buttons.end(), name), 1) << name;
-    const Accessible menu = program.find("menu bar", "").find("menu item", "Keyboard");
-    EXPECT_EQ(menu.names("menu item"), (std::vector<std::string>{"Inscript", "Old Style"}));
-
-    program.find("menu item", "Open").invoke();
-    program.find("dialog", "Open").find("push button", "Cancel").invoke();
-    ASSERT_TRUE(waitUntil([&] { return program.children().size() == 1; }));
+    EXPECT_TRUE(box.is(ATSPI_STATE_EDITABLE) && box.is(ATSPI_STATE_MULTI_LINE));
+    EXPECT_EQ(program.find("tool bar", "").names("push button").size(), 24U);
     program.find("menu item", "About Quillet").invoke();
     const Accessible about = program.find("dialog", "About Quillet");
-    ASSERT_FALSE(about.names("label").empty());
-    EXPECT_EQ(about.names("label").front(), "Quillet");
+    EXPECT_EQ(about.names("label").at(0), "Quillet");
     about.find("push button", "Close").invoke();
     ASSERT_TRUE(session.waitForTitle(window.name()));
 

@@ -1,12 +1,7 @@
 #include "tests/desktop_session.h"
 
-#include <array>
-#include <cctype>
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -15,28 +10,6 @@
 #include <unistd.h>
 
 namespace quillet {
-namespace {
-
-// Lets Xvfb choose a display and say which; the tests may run beside each other.
-std::unique_ptr<Process> startServer() {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0)
-        throw std::runtime_error("no pipe could be opened");
-    auto server = std::make_unique<Process>(
-        std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
-                                 "1280x860x24", "-nolisten", "tcp"});
-    close(ends[1]);
-    std::string display = ":";
-    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
-        display += digit;
-    close(ends[0]);
-    if (display == ":")
-        throw std::runtime_error("no display could be started");
-    setenv("DISPLAY", display.c_str(), 1);
-    return server;
-}
-
-} // namespace
 
 Process::Process(std::vector<std::string> command) : pid_(fork()) {
     if (pid_ != 0)
@@ -68,20 +41,18 @@ int Process::waitForExit() {
 }
 
 Screen::Screen() {
-    std::string pattern = std::filesystem::temp_directory_path() / "quillet-test-XXXXXX";
-    folder_ = mkdtemp(pattern.data());
-    setenv("HOME", folder_.c_str(), 1);
-    setenv("XDG_RUNTIME_DIR", folder_.c_str(), 1);
-    server_ = startServer();
-    const std::string managed = folder_ / "managed";
+    setenv("HOME", folder().c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", folder().c_str(), 1);
+    const std::string display = folder() / "display"; // Xvfb chooses one
+    server_ = std::make_unique<Process>(std::vector<std::string>{
+        "sh", "-c", "exec Xvfb -displayfd 1 -screen 0 1280x860x24 -nolisten tcp >" + display});
+    waitUntil([&] { return !output("cat " + display).empty(); });
+    setenv("DISPLAY", (":" + output("cat " + display)).c_str(), 1);
+    const std::string managed = folder() / "managed";
     windowManager_ = std::make_unique<Process>(
         std::vector<std::string>{"openbox", "--startup", "touch " + managed});
-    if (!waitUntil([&] { return std::filesystem::exists(managed); }))
+    if (!waitUntil([&] { return fs::exists(managed); }))
         throw std::runtime_error("no window manager could be started");
-}
-
-Screen::~Screen() {
-    std::filesystem::remove_all(folder_);
 }
 
 DesktopSession::DesktopSession(const Program& program, const std::function<void()>& whileStarting) {
@@ -118,16 +89,18 @@ void DesktopSession::setLayout(const std::string& arguments) {
     output("setxkbmap " + arguments + "; sleep 0.5");
 }
 
-std::string DesktopSession::title() {
-    return output("xdotool getwindowfocus getwindowname");
-}
-
-bool DesktopSession::waitForTitle(const std::string& title) {
-    return waitUntil([&] { return DesktopSession::title() == title; });
+bool DesktopSession::open(const std::string& name, const std::string& bytes) {
+    std::ofstream(path(name), std::ios::binary) << bytes;
+    send(ctrl('o'));
+    if (!waitForTitle("Open"))
+        return false;
+    type(path(name));
+    send("key Return");
+    return waitForTitle("Quillet: Hindi Word Processor  " + path(name));
 }
 
 std::string DesktopSession::saveAs(const std::string& name) {
-    send("keydown ctrl key 39 keyup ctrl"); // S by its place
+    send(ctrl('s'));
     if (!waitForTitle("Save As"))
         return "no dialog";
     type(path(name));
@@ -138,13 +111,7 @@ std::string DesktopSession::saveAs(const std::string& name) {
 
 std::string DesktopSession::read(const std::string& name) const {
     std::ifstream file(path(name), std::ios::binary);
-    std::stringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-}
-
-void DesktopSession::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
+    return (std::stringstream() << file.rdbuf()).str();
 }
 
 } // namespace quillet

@@ -3,10 +3,7 @@
 
 #include "tests/shell.h"
 
-#include <filesystem>
-#include <functional>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,7 +17,6 @@ class Process {
     explicit Process(std::vector<std::string> command);
     ~Process();
     Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
 
     pid_t id() const { return pid_; }
 
@@ -41,47 +37,49 @@ struct Program {
 class Screen {
   public:
     Screen();
-    ~Screen();
-    Screen(const Screen&) = delete;
-    Screen& operator=(const Screen&) = delete;
 
-    const std::filesystem::path& folder() const { return folder_; }
+    const fs::path& folder() const { return folder_.path; }
 
   private:
-    std::filesystem::path folder_;
+    TempFolder folder_;
     std::unique_ptr<Process> server_;
     std::unique_ptr<Process> windowManager_;
 };
 
-/// A screen with one running program.
+/// A screen with one running program. Keys are struck by their places on a US keyboard.
 class DesktopSession {
   public:
-    /// Waits for the program's window. Meanwhile it runs `whileStarting`.
     explicit DesktopSession(
         const Program& program = {}, const std::function<void()>& whileStarting = [] {});
 
-    /// Strikes US keys one after the other by their places on the keyboard, whatever the layout.
     void type(std::string_view characters);
-
-    /// Sends raw input: `xdotool` commands such as "key Return" or "keydown 26".
-    void send(const std::string& commands);
+    static void send(const std::string& commands); // of xdotool, such as "key Return"
 
     /// The xdotool name of the key of a character: "45", or "shift+45".
     static std::string keyOf(char character);
 
-    /// Sets the keyboard layout by the arguments of `setxkbmap`.
-    static void setLayout(const std::string& arguments);
+    /// The command that strikes a letter with Ctrl. The letter goes up first: the other way round
+    /// its release rewrites text and drops the selection.
+    static std::string ctrl(char letter) {
+        return "keydown ctrl key " + keyOf(letter) + " keyup ctrl ";
+    }
 
-    /// The title of the window that has the focus.
-    static std::string title();
-    static bool waitForTitle(const std::string& title);
+    static void setLayout(const std::string& arguments); // of setxkbmap
+
+    /// Of the window that has the focus.
+    static std::string title() { return output("xdotool getwindowfocus getwindowname"); }
+    static bool waitForTitle(const std::string& title) {
+        return waitUntil([&] { return DesktopSession::title() == title; });
+    }
+
+    /// Writes a file and opens it through the dialog; false if that does not show it.
+    bool open(const std::string& name, const std::string& bytes);
 
     /// Saves through the Save As dialog and returns the bytes of the file, whose name is a new one.
     std::string saveAs(const std::string& name);
 
     std::string path(const std::string& name) const { return (screen_.folder() / name).string(); }
     std::string read(const std::string& name) const;
-    void write(const std::string& name, const std::string& bytes) const;
 
     Process& program() { return *program_; }
 

@@ -35,12 +35,8 @@ TEST(GapBuffer, TakesInOnlyWhatWasWrittenBehindTheText) {
     buffer.moveGap(1);
     std::memcpy(buffer.prepareAppend(100), "cdef", 4);
     buffer.commitAppend(3);
-    EXPECT_EQ(buffer.copy(0, buffer.size()), "abcde");
-
-    GapBuffer taken(std::move(buffer));
-    buffer = GapBuffer("new");
+    const GapBuffer taken(std::move(buffer));
     EXPECT_EQ(taken.copy(0, taken.size()), "abcde");
-    EXPECT_EQ(buffer.copy(0, buffer.size()), "new");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -31,15 +32,7 @@ bool isSign(char16_t letter) {
 }
 
 Letters fromUtf8(const std::string& text) {
-    Letters letters;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const std::uint8_t byte = glyphCode(text[at]);
-        if (byte >= 0x80 && byte < 0xC0) // one of those that continue a character
-            letters.back() = static_cast<char16_t>(letters.back() << 6 | (byte & 0x3F));
-        else
-            letters += static_cast<char16_t>(byte < 0x80 ? byte : byte & 0xF);
-    }
-    return letters;
+    return std::filesystem::path(text).u16string();
 }
 
 // What the table of the fonts says of every glyph.

@@ -4,34 +4,26 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <set>
-
-#include <unistd.h>
 
 namespace quillet {
 namespace {
 
-namespace fs = std::filesystem;
-
 struct Package : ::testing::Test {
-    static inline fs::path folder;
+    static inline std::unique_ptr<TempFolder> temp;
     static inline fs::path root;
     static inline std::string deb;
 
     static void SetUpTestSuite() {
-        folder = fs::path(testing::TempDir()) / ("quillet-package-" + std::to_string(getpid()));
-        root = folder / "a place/elsewhere";
-        fs::create_directories(root);
-        const std::string log = output(QUILLET_CPACK " -G DEB -B '" + folder.string() + "' 2>&1");
-        deb = folder / ("quillet_" QUILLET_VERSION "-1_" + output("dpkg --print-architecture"));
-        deb += ".deb";
+        temp = std::make_unique<TempFolder>();
+        root = temp->path / "a place/elsewhere/usr";
+        const std::string log = output(QUILLET_CPACK " -G DEB -B " + temp->path.string() + " 2>&1");
+        deb = output("echo " + temp->path.string() + "/quillet_" QUILLET_VERSION "-1_*.deb");
         ASSERT_TRUE(fs::exists(deb)) << log;
-        output("dpkg-deb -x '" + deb + "' '" + root.string() + "'");
+        fs::create_directories(root);
+        output("dpkg-deb -x " + deb + " '" + root.parent_path().string() + "'");
     }
-    static void TearDownTestSuite() { fs::remove_all(folder); }
+    static void TearDownTestSuite() { temp.reset(); }
 
     static void writeScript(const fs::path& file, const std::string& script) {
         fs::create_directories(file.parent_path());
@@ -40,81 +32,42 @@ struct Package : ::testing::Test {
     }
 };
 
-std::set<std::string> expectedFiles() {
-    std::set<std::string> files = {
-        "bin/quillet",
-        "libexec/quillet/quillet-browser",
-        "share/applications/quillet.desktop",
-        "share/doc/quillet/changelog.Debian.gz",
-        "share/doc/quillet/copyright",
-        "share/man/man1/quillet.1.gz",
-        "share/metainfo/org.quillet.quillet.metainfo.xml",
-        "share/mime/packages/quillet.xml",
-    };
-    for (const std::string icon : {"apps/quillet", "mimetypes/application-x-quillet"}) {
-        for (const char* size : {"16", "24", "32", "48", "64", "96", "128", "256"})
-            files.insert(std::string("share/icons/hicolor/") + size + "x" + size + "/" + icon +
-                         ".png");
-        files.insert("share/icons/hicolor/scalable/" + icon + ".svg");
-    }
-    for (const auto& entry : fs::recursive_directory_iterator(QUILLET_HELP))
-        if (entry.is_regular_file())
-            files.insert("share/quillet/help" / fs::relative(entry.path(), QUILLET_HELP));
-    return files;
-}
-
-TEST_F(Package, HoldsWhatBelongsToTheProgram) {
-    std::set<std::string> files;
-    for (const auto& entry : fs::recursive_directory_iterator(root))
-        if (entry.is_regular_file())
-            files.insert(fs::relative(entry.path(), root / "usr"));
-    EXPECT_EQ(files, expectedFiles());
-}
-
 TEST_F(Package, PassesTheChecksOfDebian) {
     // Only a package for Debian's own archive would close a bug there.
     const std::string lintian = "lintian --fail-on error,warning "
-                                "--suppress-tags initial-upload-closes-no-bugs '" +
-                                deb + "'";
-    const struct {
-        const char* name;
-        std::string command;
-    } rows[] = {
-        {"package", lintian},
-        {"desktop entry", "desktop-file-validate --warn-kde applications/quillet.desktop"},
-        {"menu", "test -f ../bin/$(sed -n s/^Exec=//p applications/*) && "
-                 "test -f icons/hicolor/scalable/apps/$(sed -n s/^Icon=//p applications/*).svg"},
-        {"metadata", "appstreamcli validate --no-net metainfo/*.xml"},
-        {"file type", "update-mime-database mime && grep -q ':application/x-quillet:\\*.qlt$' "
-                      "mime/globs2"},
-        {"helper starts", "../libexec/quillet/quillet-browser; test $? = 2"}, // wants arguments
+                                "--suppress-tags initial-upload-closes-no-bugs ";
+    const std::string commands[] = {
+        lintian + deb,
+        "desktop-file-validate --warn-kde applications/quillet.desktop",
+        "test -f ../bin/$(sed -n s/^Exec=//p applications/*)",
+        "test -f icons/hicolor/scalable/apps/$(sed -n s/^Icon=//p applications/*).svg",
+        "appstreamcli validate --no-net metainfo/*.xml",
+        "update-mime-database mime && grep -q ':application/x-quillet:\\*.qlt$' mime/globs2",
+        "../libexec/quillet/quillet-browser; test $? = 2", // wants arguments
     };
-    const std::string into = "cd '" + (root / "usr/share").string() + "' && { ";
-    for (const auto& row : rows) {
-        const std::string said = output(into + row.command + "; } 2>&1; echo exit $?");
-        EXPECT_TRUE(said.ends_with("exit 0")) << row.name << ": " << said;
+    for (const std::string& command : commands) {
+        const std::string said = output("cd '" + (root / "share").string() + "' && { " + command +
+                                        "; } 2>&1; echo exit $?");
+        EXPECT_TRUE(said.ends_with("exit 0")) << command << ": " << said;
     }
 }
 
 TEST_F(Package, RunsWhereItWasUnpacked) {
-    const fs::path data = root / "usr/share/quillet";
-    const std::string page = data / "help/how_to_use_quillet.htm";
-    const std::string helper = root / "usr/libexec/quillet/quillet-browser";
-    const std::string seen = "echo \"$0 $*\" >>'" + (folder / "seen").string() + "'";
-    writeScript(folder / "bin/xdg-mime", "echo browser.desktop");
-    writeScript(folder / "bin/xdg-open", seen);
-    writeScript(helper, seen); // the real one would go to the web
-    setenv("PATH", ((folder / "bin").string() + ":" + getenv("PATH")).c_str(), 1);
+    const std::string bin = temp->path / "bin";
+    const std::string seen = temp->path / "seen";
+    const std::string helper = root / "libexec/quillet/quillet-browser";
+    const std::string tell = "echo \"$0 $*\" >>" + seen;
+    writeScript(bin + "/xdg-mime", "echo browser.desktop");
+    writeScript(bin + "/xdg-open", tell);
+    writeScript(helper, tell); // the real one would go to the web
+    setenv("PATH", (bin + ":" + getenv("PATH")).c_str(), 1);
 
-    DesktopSession session({.path = root / "usr/bin/quillet"});
+    DesktopSession session({.path = root / "bin/quillet"});
     const auto sees = [&](const std::string& text) {
-        return waitUntil([&] {
-            return output("cat '" + (folder / "seen").string() + "'").find(text) !=
-                   std::string::npos;
-        });
+        return waitUntil([&] { return output("cat " + seen).find(text) != std::string::npos; });
     };
     session.send("key alt+h key h");
-    EXPECT_TRUE(sees("/bin/xdg-open " + page));
+    EXPECT_TRUE(sees("/xdg-open " + (root / "share/quillet/help/how_to_use_quillet.htm").string()));
     session.send("key alt+w key Up key Return"); // the last entry of the menu
     ASSERT_TRUE(DesktopSession::waitForTitle("Quillet1.0"));
     session.send("key Return");

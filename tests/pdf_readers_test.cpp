@@ -3,66 +3,39 @@
 #include "output/pdf_writer.h"
 #include "tests/fake_desktop.h"
 #include "tests/file_fixture.h"
-
-#include <cstdio>
-#include <sstream>
+#include "tests/shell.h"
 
 namespace quillet {
 namespace {
 
-// Commands: "@" is the file. All complain about it on their standard error.
+// Commands for the number of pages and for the text. All complain on their standard error.
 const struct {
-    const char* name;
     const char* pageCount;
     const char* text;
 } readers[] = {
-    {"Poppler", "pdfinfo @ | sed -n 's/^Pages: *//p'", "pdftotext -raw @ -"},
-    {"MuPDF", "mutool info @ | sed -n 's/^Pages: *//p'", "mutool draw -F txt @"},
-    {"Ghostscript",
-     "gs -q -dBATCH -dNOPAUSE -dNODISPLAY -dPDFINFO @ 2>&1 | sed -n 's/.*has \\([0-9]*\\) "
-     "page.*/\\1/p'",
+    {"pdfinfo @ | sed -n 's/^Pages: *//p'", "pdftotext -raw @ -"},
+    {"mutool info @ | sed -n 's/^Pages: *//p'", "mutool draw -F txt @"},
+    {"gs -q -dBATCH -dNOPAUSE -dNODISPLAY -dPDFINFO @ 2>&1 | sed -n 's/.*has \\([0-9]*\\) "
+     "p.*/\\1/p'",
      "gs -q -sDEVICE=txtwrite -o - @"},
 };
 
-void replaceAll(std::string& text, const std::string& what, const std::string& by) {
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size())
-        text.replace(at, what.size(), by);
-}
-
-// The lines that a command prints, without the empty ones and the blanks around the others.
-std::vector<std::string> linesFrom(std::string command, const fs::path& file) {
-    replaceAll(command, "@", file);
-    std::FILE* pipe = ::popen(("exec 2>/dev/null; " + command).c_str(), "r");
-    std::string all;
-    for (int byte = 0; (byte = std::fgetc(pipe)) != EOF;)
-        all += static_cast<char>(byte);
-    ::pclose(pipe);
-    // The font's name has blanks and spoils the font, encoding and all. The one in its place has
-    // curly quotes.
-    replaceAll(all, "\u2018", "`");
-    replaceAll(all, "\u2019", "'");
-    std::istringstream in(all);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) {
-        const char* blanks = " \r\f";
-        line.erase(line.find_last_not_of(blanks) + 1);
-        line.erase(0, line.find_first_not_of(blanks));
-        if (!line.empty())
-            lines.push_back(line);
-    }
-    return lines;
+// The lines that a command prints, without the empty ones and the blanks around the others. The
+// font's name has blanks and spoils the font; the one in its place has curly quotes.
+std::string linesFrom(std::string command, const fs::path& file) {
+    command.replace(command.find('@'), 1, file);
+    return output(command + " | sed \"s/[ \\r\\f]*$//; s/^[ \\f]*//; /^$/d; s/‘/\\`/g; s/’/'/g\"");
 }
 
 // All of ASCII but what a string in a PDF cannot have as it is, a part of it in each line.
-std::vector<std::string> numberedLines(int count, std::size_t length) {
+std::string numberedLines(int count, std::size_t length) {
     std::string letters;
     for (char letter = '!'; letter <= '~'; ++letter)
         if (letter != '(' && letter != ')' && letter != '\\')
             letters += letter;
-    std::vector<std::string> lines;
+    std::string lines;
     for (int i = 0; i < count; ++i) {
-        lines.push_back((std::to_string(i) + " ").append(letters).append(letters));
-        lines.back().resize(length);
+        lines += (std::to_string(i) + " " + letters + letters).substr(0, length) + "\r\n";
         std::rotate(letters.begin(), letters.begin() + 7, letters.end());
     }
     return lines;
@@ -73,26 +46,24 @@ struct PdfReaders : FileFixture {};
 TEST_F(PdfReaders, FindEveryPageAndEveryLine) {
     const struct {
         const char* name;
-        std::vector<std::string> lines;
+        int lines;
+        std::size_t length;
         const char* pages;
         const char* font = "Kruti Dev 020";
         int fontSize = 12;
     } rows[] = {
-        {"one line", numberedLines(1, 60), "1"},
-        {"a full page and one line more", numberedLines(61, 60), "2"},
-        {"a full page and an empty one", numberedLines(60, 60), "2"},
-        {"ten pages", numberedLines(599, 60), "10"},
-        {"a font with a proper name", numberedLines(130, 60), "3", "Courier"},
-        {"streams shorter than stated", numberedLines(130, 75), "3", "Courier"},
-        {"streams longer than stated", numberedLines(130, 110), "3", "Courier", 8},
+        {"one line", 1, 60, "1"},
+        {"a full page and one line more", 61, 60, "2"},
+        {"a full page and an empty one", 60, 60, "2"},
+        {"ten pages", 599, 60, "10"},
+        {"streams shorter than stated", 130, 75, "3", "Courier"},
+        {"streams longer than stated", 130, 110, "3", "Courier", 8},
     };
     const fs::path source = folder / "source";
     const fs::path target = folder / "target.pdf";
     for (const auto& row : rows) {
-        std::ofstream out(source);
-        for (const std::string& line : row.lines)
-            out << line << lineBreak;
-        out.close();
+        std::string lines = numberedLines(row.lines, row.length);
+        std::ofstream(source) << lines;
         FakeDesktop desktop;
         CPdfWriter writer(files, desktop);
         writer.SourceFile(source);
@@ -102,10 +73,12 @@ TEST_F(PdfReaders, FindEveryPageAndEveryLine) {
         writer.FontSize(row.fontSize);
         writer.Font(row.font);
         writer.CreatePDFFile();
+        std::erase(lines, '\r');
+        lines.pop_back();
         for (const auto& reader : readers) {
-            SCOPED_TRACE(std::string(reader.name) + ": " + row.name);
-            EXPECT_EQ(linesFrom(reader.pageCount, target), std::vector<std::string>{row.pages});
-            EXPECT_EQ(linesFrom(reader.text, target), row.lines);
+            SCOPED_TRACE(std::string(reader.text) + ": " + row.name);
+            EXPECT_EQ(linesFrom(reader.pageCount, target), row.pages);
+            EXPECT_EQ(linesFrom(reader.text, target), lines);
         }
     }
 }

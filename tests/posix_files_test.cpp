@@ -2,26 +2,12 @@
 
 #include "tests/file_fixture.h"
 
-#include <algorithm>
-#include <array>
-#include <fcntl.h>
-#include <sys/resource.h>
 #include <tuple>
 
 namespace quillet {
 namespace {
 
-// No file may grow beyond `bytes`, as if the disk were full.
-void limitFileSize(rlim_t bytes) {
-    rlimit limit{};
-    ::getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-struct PosixFilesTest : FileFixture {
-    ~PosixFilesTest() override { limitFileSize(RLIM_INFINITY); }
-};
+struct PosixFilesTest : FileFixture {};
 
 TEST_F(PosixFilesTest, ReadsBackEveryByte) {
     GlyphString allBytes;
@@ -75,18 +61,6 @@ TEST_F(PosixFilesTest, ReplacesTheFileButKeepsModeAndOwner) {
     }
 }
 
-TEST_F(PosixFilesTest, FollowsSymbolicLinks) {
-    fs::create_directory(folder / "other");
-    fs::create_symlink("other/second", folder / "first");
-    fs::create_symlink(folder / "target", folder / "other/second");
-    for (const GlyphView text : {"created", "replaced"}) {
-        write(folder / "first", text);
-        EXPECT_TRUE(fs::is_symlink(folder / "first") && fs::is_symlink(folder / "other/second"));
-        EXPECT_FALSE(fs::is_symlink(folder / "target"));
-        EXPECT_EQ(read(folder / "target"), text);
-    }
-}
-
 TEST_F(PosixFilesTest, TellsFailuresApart) {
     write(folder / "fixed", "old");
     fs::permissions(folder / "fixed", fs::perms::owner_read);
@@ -115,38 +89,6 @@ TEST_F(PosixFilesTest, TellsFailuresApart) {
     EXPECT_EQ(errorOf([&] { write("/dev/full", "text"); }), 75);
     EXPECT_EQ(read(folder / "fixed"), "old");
     EXPECT_FALSE(fs::exists(folder / "cut"));
-}
-
-TEST_F(PosixFilesTest, KeepsTheOldContentWhenTheNewDoesNotFit) {
-    write(folder / "file", "old");
-    limitFileSize(50'000);
-    for (const char* name : {"file", "new"})
-        EXPECT_EQ(errorOf([&] { write(folder / name, GlyphString(100'000, 'n')); }), 75) << name;
-    EXPECT_EQ(read(folder / "file"), "old");
-    EXPECT_FALSE(fs::exists(folder / "new"));
-}
-
-TEST_F(PosixFilesTest, WritesIntoPipes) {
-    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    const int reader = ::open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
-    write(folder / "pipe", "through");
-    std::array<char, 16> bytes{};
-    EXPECT_EQ(::read(reader, bytes.data(), bytes.size()), 7);
-    EXPECT_STREQ(bytes.data(), "through");
-    ::close(reader);
-}
-
-TEST_F(PosixFilesTest, OverwritesWhereTheFolderTakesNoSecondFile) {
-    const fs::path path = makeLonelyFile("old");
-    const ino_t file = statusOf(path).st_ino;
-    for (const GlyphView text : {"a longer text", "short"}) {
-        write(path, text);
-        EXPECT_EQ(read(path), text);
-        EXPECT_EQ(statusOf(path).st_ino, file);
-    }
-    limitFileSize(50'000);
-    EXPECT_EQ(errorOf([&] { write(path, GlyphString(100'000, 'n')); }), 75);
-    EXPECT_EQ(read(path), "short");
 }
 
 } // namespace

@@ -5,9 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <regex>
-#include <string>
 #include <tuple>
 #include <vector>
 
@@ -17,25 +15,22 @@ struct PrintedWord {
     int page;    // from 1
     double x, y; // of the top left corner, in points from that of the page
     std::string text;
+
+    auto place() const { return std::tuple(page, std::lround(y), x); }
 };
 
 /// Page by page, line by line, from left to right.
-inline std::vector<PrintedWord> printedWords(const std::filesystem::path& file) {
+inline std::vector<PrintedWord> printedWords(const fs::path& file) {
     const std::string found = output("pdftotext -bbox " + file.string() + " -");
     const std::regex tag("<page|<word xMin=\"(.*)\" yMin=\"(.*)\" xMax.*>(.*)</word>");
     std::vector<PrintedWord> words;
     int page = 0;
-    for (std::sregex_iterator it(found.begin(), found.end(), tag), end; it != end; ++it) {
-        if (!(*it)[1].matched)
-            ++page;
-        else
+    for (std::sregex_iterator it(found.begin(), found.end(), tag), end; it != end; ++it)
+        if ((*it)[1].matched)
             words.push_back({page, std::stod((*it)[1]), std::stod((*it)[2]), (*it)[3]});
-    }
-    const auto place = [](const PrintedWord& word) {
-        return std::tuple(word.page, std::lround(word.y), word.x);
-    };
-    std::sort(words.begin(), words.end(),
-              [&](const auto& a, const auto& b) { return place(a) < place(b); });
+        else
+            ++page;
+    std::ranges::sort(words, {}, &PrintedWord::place);
     return words;
 }
 

@@ -5,210 +5,129 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace quillet {
 namespace {
 
-using Calls = std::vector<std::string>;
+std::string joined(const std::vector<std::string>& calls) {
+    std::string text;
+    for (const std::string& call : calls)
+        text += call + "|";
+    return text;
+}
 
-Calls printed(GlyphView text, const std::function<void(FakeDesktop&, CPrinterWordWrap&)>& prepare) {
+struct Device {
+    float width = 11000, height = 15000, left = 800;
+    const char* header = "";
+    float glyphWidth = 100;
+    int failsAt = -1;
+};
+
+// What is printed, or how often before which error.
+std::string printed(GlyphView text, const Device& device) {
     FakeDesktop desktop;
-    CPrinterWordWrap wordWrap(desktop.printer, desktop);
-    wordWrap.HeaderText("");
-    prepare(desktop, wordWrap);
-    wordWrap.PrintText(text);
-    EXPECT_EQ(desktop.calls, (Calls{"hourglass", "default pointer"}));
-    EXPECT_EQ(desktop.printer.calls.back(), "end in Printer@0");
-    desktop.printer.calls.pop_back();
-    return desktop.printer.calls;
+    FakePrinter& printer = desktop.printer;
+    printer.width = device.width;
+    printer.height = device.height;
+    printer.glyphWidth = device.glyphWidth;
+    printer.failsAt = device.failsAt;
+    CPrinterWordWrap wordWrap(printer, desktop);
+    wordWrap.HeaderText(device.header);
+    wordWrap.MarginLeft(device.left);
+    try {
+        wordWrap.PrintText(text);
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(joined(desktop.calls), "hourglass|");
+        return std::to_string(printer.calls.size()) + ", error " + std::to_string(error.number());
+    }
+    EXPECT_EQ(joined(desktop.calls), "hourglass|default pointer|");
+    EXPECT_EQ(printer.calls.back(), "end in Printer@0");
+    printer.calls.pop_back();
+    return joined(printer.calls);
 }
 
 TEST(WordWrap, LinesBreakAsDescribed) {
     const GlyphString full(94, 'f'); // with a space behind it, ends at 10,300 - 100
     const GlyphString line = "800,1000 " + full;
+    const GlyphString wide(200, 'w');
     const struct {
         const char* name;
         GlyphString text;
-        Calls calls;
+        std::string calls;
+        Device device = {};
     } rows[] = {
-        {"nothing", "", {}},
-        {"one word", "word", {"800,1000 word"}},
-        {"a line feed", "a\nb", {"800,1000 a", "800,1300 b"}},
-        {"with a carriage return", "a\r\nb", {"800,1000 a", "800,1300 b"}},
-        {"a carriage return alone", "a\rb", {"800,1000 a", "900,1000 b"}},
-        {"an empty line", "a\n\nb", {"800,1000 a", "800,1600 b"}},
-        {"spaces",
-         "a   b",
-         {"800,1000 a", "900,1000  ", "1000,1000  ", "1100,1000  ", "1200,1000 b"}},
-        {"a separator first", "\n b", {"800,1300  ", "900,1300 b"}},
-        {"control codes",
-         GlyphString("a\0\x01\x1F"
-                     "b\x7F\xA0",
-                     7),
-         {"800,1000 a", "900,1000 b\x7F\xA0"}},
-        {"what just fits", full, {line}},
-        {"what does not fit", full + " b", {line, "10200,1000  ", "800,1300 b"}},
-        {"spaces are never tested",
-         full + "   b",
-         {line, "10200,1000  ", "10300,1000  ", "10400,1000  ", "800,1300 b"}},
-        {"too wide for any line",
-         GlyphString(200, 'w') + " b",
-         {"800,1300 " + GlyphString(200, 'w'), "20800,1300  ", "800,1600 b"}},
-        {"a tab", "\tb", {"1800,1000 b"}},
-        {"a tab behind three", "abc\tb", {"800,1000 abc", "1800,1000 b"}},
-        {"a tab at its stop", "0123456789\tb", {"800,1000 0123456789", "2800,1000 b"}},
-        {"tabs reach over the margin", GlyphString(10, '\t') + "b", {"800,1300 b"}},
+        // clang-format off
+        {"nothing", "", ""},
+        {"one word", "word", "800,1000 word|"},
+        {"a line feed", "a\nb", "800,1000 a|800,1300 b|"},
+        {"with a carriage return", "a\r\nb", "800,1000 a|800,1300 b|"},
+        {"a carriage return alone", "a\rb", "800,1000 a|900,1000 b|"},
+        {"an empty line", "a\n\nb", "800,1000 a|800,1600 b|"},
+        {"spaces", "a  b", "800,1000 a|900,1000  |1000,1000  |1100,1000 b|"},
+        {"a separator first", "\n b", "800,1300  |900,1300 b|"},
+        {"control codes", {'a', '\0', '\x1F', 'b', '\xA0'}, "800,1000 a|900,1000 b\xA0|"},
+        {"what just fits", full, line + "|"},
+        {"what does not fit", full + " b", line + "|10200,1000  |800,1300 b|"},
+        {"spaces are never tested", full + "  b", line + "|10200,1000  |10300,1000  |800,1300 b|"},
+        {"too wide for any line", wide + " b", "800,1300 " + wide + "|20800,1300  |800,1600 b|"},
+        {"a tab", "\tb", "1800,1000 b|"},
+        {"a tab behind three", "abc\tb", "800,1000 abc|1800,1000 b|"},
+        {"a tab at its stop", "0123456789\tb", "800,1000 0123456789|2800,1000 b|"},
+        {"tabs reach over the margin", GlyphString(10, '\t') + "b", "800,1300 b|"},
+        {"a limit reached exactly", "abc de", "800,1000 abc|1100,1000  |1200,1000 de|",
+         {.width = 800 + 600 + 720}},
+        {"and passed by a little", "abc de", "800,1000 abc|1100,1000  |800,1300 de|",
+         {.width = 800 + 599 + 720}},
+        {"tab stops stay when the margin moves", "\tb", "1800,1000 b|", {.left = 1000}},
+        {"column -3, remainder -3: 10 + 3 columns on", "\tb", "1800,1000 b|", {.left = 500}},
+        {"9.5 columns are 10", "\tb", "2800,1000 b|", {.left = 800 + 950}},
+        {"a header in its middle", "", "5300,350 head|", {.header = "head"}},
+        {"a page as low as the limit", "a\nb\nc", "800,1000 a|800,1300 b|new page|800,1000 c|",
+         {.height = 1300 + 600}},
+        {"a header on each page", "a\nb",
+         "5450,350 h|800,1000 a|new page|5450,350 h|800,1000 b|",
+         {.height = 1000 + 600, .header = "h"}},
+        {"a first word that is too wide for the last line", wide, "new page|800,1000 " + wide + "|",
+         {.height = 1000 + 600}},
+        {"just fits", GlyphString(32766, '\r'), ""},
+        {"too long", GlyphString(16383, '\r') + "a" + GlyphString(16383, '\r'), "1, error 6"},
+        {"a word that passes the limit", "a " + GlyphString(40000, 'w'), "2, error 6"},
+        {"a tab without a width", "a\t", "1, error 11", {.glyphWidth = 0}},
+        {"a tab too far to count", "a\t", "1, error 6", {.left = 900, .glyphWidth = 0.001F}},
+        {"a printer that fails", "a b", "1, error 75", {.failsAt = 2}},
+        // clang-format on
     };
     for (const auto& row : rows)
-        EXPECT_EQ(printed(row.text, [](auto&, auto&) {}), row.calls) << row.name;
-}
-
-TEST(WordWrap, OddMeasuresCountAsTheyAre) {
-    using Prepare = std::function<void(FakePrinter&, CPrinterWordWrap&)>;
-    const struct {
-        const char* name;
-        GlyphString text;
-        Prepare prepare;
-        Calls calls;
-    } rows[] = {
-        {"a limit reached exactly",
-         "abc de",
-         [](auto& printer, auto&) { printer.width = 800 + 600 + 720; },
-         {"800,1000 abc", "1100,1000  ", "1200,1000 de"}},
-        {"and passed by a little",
-         "abc de",
-         [](auto& printer, auto&) { printer.width = 800 + 599 + 720; },
-         {"800,1000 abc", "1100,1000  ", "800,1300 de"}},
-        {"tab stops stay when the margin moves",
-         "\tb",
-         [](auto&, auto& wrap) { wrap.MarginLeft(1000); },
-         {"1800,1000 b"}},
-        {"left of the origin they go on from a negative remainder",
-         "\tb",
-         [](auto&, auto& wrap) { wrap.MarginLeft(500); },
-         {"1800,1000 b"}}, // column -3, remainder -3: 10 + 3 columns on
-        {"half a column counts to the even side",
-         "\tb",
-         [](auto&, auto& wrap) { wrap.MarginLeft(800 + 950); },
-         {"2800,1000 b"}}, // 9.5 columns are 10
-        {"a header in its middle",
-         "",
-         [](auto&, auto& wrap) { wrap.HeaderText("head"); },
-         {"5300,350 head"}},
-        {"a page as low as the limit",
-         "a\nb\nc",
-         [](auto& printer, auto&) { printer.height = 1300 + 600; },
-         {"800,1000 a", "800,1300 b", "new page", "800,1000 c"}},
-        {"a header on each page",
-         "a\nb",
-         [](auto& printer, auto& wrap) {
-             printer.height = 1000 + 600;
-             wrap.HeaderText("h");
-         },
-         {"5450,350 h", "800,1000 a", "new page", "5450,350 h", "800,1000 b"}},
-        {"a first word that is too wide for the last line",
-         GlyphString(200, 'w'),
-         [](auto& printer, auto&) { printer.height = 1000 + 600; },
-         {"new page", "800,1000 " + GlyphString(200, 'w')}},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(printed(row.text,
-                          [&](auto& desktop, auto& wrap) { row.prepare(desktop.printer, wrap); }),
-                  row.calls)
-            << row.name;
-}
-
-TEST(WordWrap, FailuresLeaveTheJobAndTheHourglass) {
-    const struct {
-        const char* name;
-        GlyphString text;
-        std::function<void(FakePrinter&, CPrinterWordWrap&)> prepare;
-        ErrorNumber error;
-        std::size_t texts; // drawn before
-    } rows[] = {
-        {"one glyph too many", GlyphString(16383, '\r') + "a" + GlyphString(16383, '\r'),
-         [](auto&, auto&) {}, ErrorNumber::Overflow, 1},
-        {"a word that passes the limit", "a " + GlyphString(40000, 'w'), [](auto&, auto&) {},
-         ErrorNumber::Overflow, 2},
-        {"a tab without a width", "a\t", [](auto& printer, auto&) { printer.glyphWidth = 0; },
-         ErrorNumber::DivisionByZero, 1},
-        {"a tab too far to count", "a\t",
-         [](auto& printer, auto& wrap) {
-             printer.glyphWidth = 0.001F;
-             wrap.MarginLeft(900);
-         },
-         ErrorNumber::Overflow, 1},
-        {"the printer", "a b", [](auto& printer, auto&) { printer.failsAt = 2; },
-         ErrorNumber::PathFileAccess, 1},
-    };
-    for (const auto& row : rows) {
-        FakeDesktop desktop;
-        CPrinterWordWrap wordWrap(desktop.printer, desktop);
-        wordWrap.HeaderText("");
-        row.prepare(desktop.printer, wordWrap);
-        try {
-            wordWrap.PrintText(row.text);
-            ADD_FAILURE() << row.name;
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), static_cast<int>(row.error)) << row.name;
-        }
-        EXPECT_EQ(desktop.printer.calls.size(), row.texts) << row.name;
-        EXPECT_EQ(desktop.calls, Calls{"hourglass"}) << row.name;
-    }
-    EXPECT_EQ(printed(GlyphString(32766, '\r'), [](auto&, auto&) {}), Calls{}) << "just fits";
-}
-
-TEST(WordWrap, PropertiesHaveTheirDefaults) {
-    FakeDesktop desktop;
-    const CPrinterWordWrap wrap(desktop.printer, desktop);
-    EXPECT_EQ(wrap.HeaderText(), "CPrinterWordWrap Class");
-    EXPECT_EQ(wrap.MarginLeft(), 800);
-    EXPECT_EQ(wrap.MarginTop(), 1000);
-    EXPECT_EQ(wrap.MarginRight(), 720);
-    EXPECT_EQ(wrap.MarginBottom(), 600);
+        EXPECT_EQ(printed(row.text, row.device), row.calls) << row.name;
 }
 
 TEST(PrintCommand, PrintsTextOrSelectionInTheFontOfTheBox) {
-    const Calls asked = {"choose printer", "hourglass", "default pointer"};
+    const std::string end = "|end in Kruti Dev 010@15.75|";
     const struct {
-        const char* name;
         const char* marked;
-        Calls asked, printed;
+        std::string asked, printed;
     } rows[] = {
-        {"nothing", "|", {}, {}},
-        {"all",
-         "ab|c",
-         asked,
-         {"0,0  ", "5450,350  ", "800,1000 abc", "end in Kruti Dev 010@15.75"}},
-        {"the selection",
-         "a|b|c",
-         asked,
-         {"0,0  ", "5450,350  ", "800,1000 b", "end in Kruti Dev 010@15.75"}},
+        {"|", "", ""},
+        {"ab|c", "choose printer|hourglass|default pointer|",
+         "0,0  |5450,350  |800,1000 abc" + end},
+        {"a|b|c", "choose printer|hourglass|default pointer|", "0,0  |5450,350  |800,1000 b" + end},
     };
     for (const auto& row : rows) {
         TestWindow form;
         place(form.txtMain, row.marked);
-        form.txtMain.FontBold(true);
         form.mnuPrint_Click();
-        EXPECT_EQ(form.desktop.calls, row.asked) << row.name;
-        EXPECT_EQ(form.desktop.printer.calls, row.printed) << row.name;
-        EXPECT_EQ(marked(form.txtMain), row.marked) << row.name;
-        EXPECT_FALSE(form.textboxused) << row.name;
+        EXPECT_EQ(joined(form.desktop.calls), row.asked) << row.marked;
+        EXPECT_EQ(joined(form.desktop.printer.calls), row.printed) << row.marked;
+        EXPECT_EQ(marked(form.txtMain), row.marked);
+        EXPECT_FALSE(form.textboxused) << row.marked;
     }
 }
 
-TEST(PrintCommand, FailuresEndItSilently) {
+TEST(PrintCommand, ACancelEndsIt) {
     TestWindow form;
     form.txtMain.Text("a b");
     form.desktop.choosesPrinter = false;
     form.mnuPrint_Click();
-    EXPECT_EQ(form.desktop.calls, Calls{"choose printer"});
-    form.desktop.choosesPrinter = true;
-    form.desktop.printer.failsAt = 3;
-    form.mnuPrint_Click();
-    EXPECT_EQ(form.desktop.calls, (Calls{"choose printer", "choose printer", "hourglass"}));
-    EXPECT_EQ(form.desktop.printer.calls.back(), "800,1000 a");
+    EXPECT_EQ(joined(form.desktop.calls), "choose printer|");
 }
 
 } // namespace
