@@ -76,7 +76,7 @@ struct Opener {
 
 struct News : ::testing::Test {
     NewsSite site;
-    Opener stub;
+    Opener opener;
     DesktopSession session{{.path = ELSEWHERE_PROGRAM}};
 
     void surf() {
@@ -169,7 +169,7 @@ TEST_F(News, APageReachesNeitherFilesNorPrograms) {
     }));
     session.send("mousemove 600 100 click 1");
     EXPECT_TRUE(waitUntil([&] { return site.visits("refused") == "1"; }));
-    EXPECT_FALSE(fs::exists(stub.folder / "opened")) << "a program of the desktop was run";
+    EXPECT_FALSE(fs::exists(opener.folder / "opened")) << "a program of the desktop was run";
 }
 
 } // namespace
