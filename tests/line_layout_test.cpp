@@ -70,8 +70,11 @@ TEST(LineLayout, FindsPlacesInLines) {
 // A text and its lines under edits of all kinds.
 class RandomEdits {
   public:
-    RandomEdits(Position wrappedAtOnce, int steps) : layout_(wrappedAtOnce) {
+    explicit RandomEdits(Position wrappedAtOnce) : layout_(wrappedAtOnce) {
         layout_.setMetrics(metrics(), text_);
+    }
+
+    void run(int steps) {
         for (int step = 0; step < steps && !testing::Test::HasFatalFailure(); ++step) {
             edit(step % 50 == 0 ? 200 : 5);
             expectSound(step);
@@ -151,9 +154,9 @@ class RandomEdits {
 };
 
 TEST(LineLayout, IncrementalWrapAgreesWithAFullOne) {
-    RandomEdits(maxTextLength, 500'000);
-    RandomEdits(0, 250'000); // stops and goes on
-    RandomEdits(30, 250'000);
+    RandomEdits(maxTextLength).run(500'000);
+    RandomEdits(0).run(250'000); // stops and goes on
+    RandomEdits(30).run(250'000);
 }
 
 } // namespace
