@@ -28,14 +28,15 @@ std::string linesFrom(std::string command, const fs::path& file) {
 }
 
 // All of ASCII but what a string in a PDF cannot have as it is, a part of it in each line.
-std::string numberedLines(int count, std::size_t length) {
+std::string numberedLines(int count, int length) {
     std::string letters;
     for (char letter = '!'; letter <= '~'; ++letter)
         if (letter != '(' && letter != ')' && letter != '\\')
             letters += letter;
     std::string lines;
     for (int i = 0; i < count; ++i) {
-        lines += (std::to_string(i) + " " + letters + letters).substr(0, length) + "\r\n";
+        const std::string line = std::to_string(i) + " " + letters + letters;
+        lines.append(line, 0, static_cast<std::size_t>(length)).append("\r\n");
         std::rotate(letters.begin(), letters.begin() + 7, letters.end());
     }
     return lines;
@@ -47,7 +48,7 @@ TEST_F(PdfReaders, FindEveryPageAndEveryLine) {
     const struct {
         const char* name;
         int lines;
-        std::size_t length;
+        int length;
         const char* pages;
         const char* font = "Kruti Dev 020";
         int fontSize = 12;

@@ -37,7 +37,7 @@ std::string look(const TestWindow& form) {
     std::string look = marked(box);
     for (const auto& [name, value, usual] : values)
         if (value != usual)
-            look += ", " + name + "=" + value;
+            look.append(", ").append(name).append("=").append(value);
     for (const auto* calls : {&form.desktop.calls, &form.desktop.forms.calls})
         for (const std::string& call : *calls)
             look += "; " + call;
@@ -222,7 +222,7 @@ TEST_F(Window, TheToolbarSkipsAFailureThatTheMenuDoesNot) {
 }
 
 KeyStroke strokeOf(char letter, std::int16_t held) {
-    const auto place = static_cast<std::uint32_t>(letter);
+    const std::uint32_t place = glyphCode(letter);
     if (letter == 'C')
         return {.scanCode = place, .keyCode = key::ctrl, .shift = held, .character = {}};
     const auto code = static_cast<std::int16_t>(std::toupper(letter));
