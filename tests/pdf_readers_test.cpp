@@ -35,7 +35,8 @@ std::string numberedLines(int count, int length) {
             letters += letter;
     std::string lines;
     for (int i = 0; i < count; ++i) {
-        const std::string line = std::to_string(i) + " " + letters + letters;
+        std::string line = std::to_string(i) + " ";
+        line.append(letters).append(letters);
         lines.append(line, 0, static_cast<std::size_t>(length)).append("\r\n");
         std::rotate(letters.begin(), letters.begin() + 7, letters.end());
     }
