@@ -64,10 +64,13 @@ class DrawingEngine : public QIconEngine {
         painter->drawPixmap(area, pixmap(area.size(), mode, state));
     }
 
+    // What a window manager gets, all at once when the program starts: nothing large.
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        constexpr int enough = 64;
         QList<QSize> sizes;
         for (const int width : drawing_.widths())
-            sizes.append({width, width});
+            if (width <= enough)
+                sizes.append({width, width});
         return sizes;
     }
 
