@@ -249,6 +249,7 @@ QWidget* FormWindow::makeTextBox(Control& control) {
 
 void FormWindow::startTimer(Control& control) {
     auto* timer = new QTimer(this);
+    timer->setTimerType(Qt::PreciseTimer); // others may tick too early
     connect(timer, &QTimer::timeout, this, [&control] { enter([&control] { control.click(); }); });
     timer->start(control.design().interval);
 }
