@@ -5,7 +5,7 @@
 buildPackages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-webengine-dev qt6-qpa-plugins
     libxcb-xkb-dev libxkbcommon-x11-dev libcurl4-openssl-dev librsvg2-bin)
 runPackages=(fonts-dejavu-core fonts-liberation xdg-utils)
-desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth)
+desktopTestPackages=(xvfb openbox xdotool scrot x11-xkb-utils xauth procps python3)
 readerTestPackages=(at-spi2-core dbus-daemon libatspi2.0-dev xclip)
 printTestPackages=(cups-daemon poppler-utils mupdf-tools ghostscript)
 mailTestPackages=(python3-aiosmtpd openssl)
