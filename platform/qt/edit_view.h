@@ -66,6 +66,7 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void askToSettle();
     void settle();
     void catchUp();
+    void awaitPicture() const;
     void showCaret();
     void restartBlinking();
     void updateScrollBar();
