@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Shows the program at work on a screen of its own: it types a letter with real keys, saves it
 # and prints it through the dialogs and leaves demo/letter.qlt, demo/letter.pdf and
-# demo/screenshot.png. The program is at build/quillet. Neither the desktop nor the settings of whoever runs this are touched.
+# demo/screenshot.png. The program is build/quillet, or what QUILLET_PROGRAM names. Neither the
+# desktop nor the settings of whoever runs this are touched.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -125,7 +126,7 @@ rm -f demo/letter.qlt demo/letter.pdf demo/screenshot.png
 startScreen
 start openbox
 waitFor "the window manager" xdotool get_num_desktops # or the first window gets no keys
-start build/quillet
+start "${QUILLET_PROGRAM:-build/quillet}"
 waitFor "the main window" isActive "$startTitle"
 mainWindow=$(xdotool getactivewindow)
 writeLetter
