@@ -1,7 +1,8 @@
-// The toolkit's own text box alone, to measure beside.
+// The toolkit's own text box alone, to measure beside. It opens a file if there is an argument.
 #include "platform/main_state.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QPlainTextEdit>
 
 int main(int argc, char** argv) {
@@ -12,5 +13,8 @@ int main(int argc, char** argv) {
     editor.setFont(font);
     editor.setWindowTitle("Bare editor");
     editor.showMaximized();
+    QFile file(argc > 1 ? argv[1] : "");
+    if (file.open(QIODevice::ReadOnly))
+        editor.setPlainText(QString::fromLatin1(file.readAll()));
     return QApplication::exec();
 }

@@ -21,7 +21,7 @@ constexpr int maxTries = 200;
 constexpr int lineWidth = 500;
 constexpr int lineHeight = 40;  // more than one line, less than two
 constexpr int watchedWidth = 6; // narrower than any glyph that is typed
-constexpr auto patience = 5s;
+constexpr auto patience = 10s;
 constexpr auto holdTime = 5ms;
 constexpr auto quietTime = 150ms; // much more than any program needs, less than the caret's blink
 
@@ -98,9 +98,8 @@ KeyProbe::Clock::duration KeyProbe::strike(std::uint8_t keycode) {
 
     const auto start = Clock::now();
     key(keycode, true);
-    while (!showsGlyph(picture(watched), ground))
-        if (!waitForDamage(start + patience))
-            throw std::runtime_error("a key drew nothing");
+    waitFor(
+        watched, [&](const Picture& seen) { return showsGlyph(seen, ground); }, "the key's glyph");
     const auto spent = Clock::now() - start;
     std::this_thread::sleep_for(holdTime);
     key(keycode, false);
@@ -118,6 +117,14 @@ void KeyProbe::beginParagraph(std::uint8_t keycode, int length) {
         typeWords(keycode, 1); // a line further on
     }
     throw std::runtime_error("there is no line to type in");
+}
+
+void KeyProbe::waitFor(const Area& area, const std::function<bool(const Picture&)>& shown,
+                       const std::string& what) const {
+    const auto end = Clock::now() + patience;
+    while (!shown(picture(area)))
+        if (!waitForDamage(end))
+            throw std::runtime_error(what + " did not come to the screen");
 }
 
 void KeyProbe::key(std::uint8_t keycode, bool down) {

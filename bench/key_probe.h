@@ -3,7 +3,9 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <xcb/damage.h>
@@ -42,6 +44,10 @@ class KeyProbe {
     /// Begins a paragraph of so many keys in words of seven, and some more until there is room for
     /// what will be struck in its last line.
     void beginParagraph(std::uint8_t keycode, int length);
+
+    /// Waits until an area shows something, which is named when it never comes.
+    void waitFor(const Area& area, const std::function<bool(const Picture&)>& shown,
+                 const std::string& what) const;
 
   private:
     void key(std::uint8_t keycode, bool down);

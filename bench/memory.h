@@ -1,4 +1,4 @@
-// What this process holds in memory, in megabytes.
+// What a process holds in memory, in megabytes.
 #pragma once
 
 #include <fstream>
@@ -6,9 +6,9 @@
 
 namespace quillet {
 
-/// A line of the process's status, such as "VmRSS:" (now) or "VmHWM:" (at most so far).
-inline double statusMegabytes(const std::string& name) {
-    std::ifstream status("/proc/self/status");
+/// A line of a process's status, such as "VmRSS:" (now) or "VmHWM:" (at most so far).
+inline double statusMegabytes(const std::string& name, const std::string& process = "self") {
+    std::ifstream status("/proc/" + process + "/status");
     std::string word;
     while (status >> word && word != name) {
     }

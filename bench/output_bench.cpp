@@ -1,4 +1,4 @@
-// The conversion of a text file to PDF from file to file, beside the print system's own.
+// The conversion of a text file to PDF from file to file, beside what else makes pages of text.
 #include "bench/samples.h"
 #include "output/pdf_writer.h"
 #include "platform/posix/posix_files.h"
@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 
 namespace quillet {
 namespace {
@@ -16,7 +17,18 @@ constexpr int lineCount = 22'000; // about as many as a PDF of 60 a page can hav
 const std::string folder = std::filesystem::temp_directory_path();
 const std::string source = folder + "/quillet-bench.txt";
 const std::string target = folder + "/quillet-bench.pdf";
-const std::string peer = "/usr/lib/cups/filter/texttopdf";
+
+struct Peer {
+    const char* counter;
+    const char* program;
+    std::string command;
+};
+
+const Peer peers[] = {
+    {"times_texttopdf", "/usr/lib/cups/filter/texttopdf",
+     "/usr/lib/cups/filter/texttopdf 1 user title 1 '' " + source + " >" + target},
+    {"times_enscript", "/usr/bin/enscript", "enscript -q -B -p " + target + " " + source},
+};
 
 GlyphString lines() {
     GlyphString text;
@@ -38,9 +50,8 @@ void convert(PosixFiles& files) {
     writer.CreatePDFFile();
 }
 
-void convertByPeer() {
-    const std::string command = peer + " 1 user title 1 '' " + source + " >" + target;
-    if (std::system((command + " 2>/dev/null").c_str()) != 0)
+void convertBy(const Peer& peer) {
+    if (std::system((peer.command + " 2>/dev/null").c_str()) != 0)
         std::abort();
 }
 
@@ -51,23 +62,25 @@ double secondsOf(Work work) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-// Both in turns. The other one's time has the start of its process in it, this one's the flush
-// to the device.
+// All in turns. The time of the others has the start of a process in it, ours the flush to the
+// device.
 void convertToPdf(benchmark::State& state) {
     PosixFiles files;
     files.write(source, std::array{GlyphView(lines())});
-    const bool hasPeer = std::filesystem::exists(peer);
     std::vector<double> own;
-    std::vector<double> others;
+    std::map<const Peer*, std::vector<double>> others;
     for ([[maybe_unused]] auto _ : state) {
-        others.push_back(hasPeer ? secondsOf(convertByPeer) : 0);
+        for (const Peer& peer : peers)
+            if (std::filesystem::exists(peer.program))
+                others[&peer].push_back(secondsOf([&] { convertBy(peer); }));
         own.push_back(secondsOf([&] { convert(files); }));
         state.SetIterationTime(own.back());
     }
     std::filesystem::remove(source);
     std::filesystem::remove(target);
     state.counters["lines_per_s"] = lineCount / quantile(own, 0.5);
-    state.counters["times_the_peer"] = quantile(others, 0.5) / quantile(own, 0.5);
+    for (const auto& [peer, times] : others)
+        state.counters[peer->counter] = quantile(times, 0.5) / quantile(own, 0.5);
 }
 
 BENCHMARK(convertToPdf)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);

@@ -16,8 +16,8 @@ namespace quillet {
 namespace {
 
 constexpr std::size_t size = 100'000'000;
-constexpr const char* frequent = "gS"; // in every sentence
-constexpr const char* frequentForPerl = "s/gS/Fkk/g";
+constexpr const char* frequent = "gS";              // in every sentence
+constexpr const char* replacement = "'s/gS/Fkk/g'"; // of perl and sed
 
 struct Document : TestWindow {
     Document() {
@@ -40,9 +40,14 @@ double secondsOf(const std::string& command) {
     return best;
 }
 
-// Times `work` behind `prepare`, and shows its speed and how many times faster it is than a peer.
+struct Peer {
+    const char* counter;
+    double seconds;
+};
+
+// Times `work` behind `prepare`, and shows its speed and how many times faster it is than peers.
 template <class Prepare, class Work>
-void measure(benchmark::State& state, double peerSeconds, Prepare prepare, Work work) {
+void measure(benchmark::State& state, const std::vector<Peer>& peers, Prepare prepare, Work work) {
     std::vector<double> times;
     for ([[maybe_unused]] auto _ : state) {
         prepare();
@@ -53,7 +58,8 @@ void measure(benchmark::State& state, double peerSeconds, Prepare prepare, Work 
     }
     const double median = quantile(times, 0.5);
     state.counters["GB_per_s"] = static_cast<double>(size) / median / 1e9;
-    state.counters["times_the_peer"] = peerSeconds / median;
+    for (const Peer& peer : peers)
+        state.counters[peer.counter] = peer.seconds / median;
 }
 
 // A file with the document for the tools.
@@ -70,20 +76,21 @@ class DocumentFile {
     std::string path_ = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
 };
 
-void countWords(benchmark::State& state) {
+Peer wordCount() {
     const DocumentFile file;
+    return {"times_wc", secondsOf("wc -w <" + file.path() + " >/dev/null")};
+}
+
+void countWords(benchmark::State& state) {
     Document form;
     measure(
-        state, secondsOf("wc -w <" + file.path() + " >/dev/null"), [] {},
-        [&] { benchmark::DoNotOptimize(form.CountWords()); });
+        state, {wordCount()}, [] {}, [&] { benchmark::DoNotOptimize(form.CountWords()); });
 }
 
 void countSentences(benchmark::State& state) {
-    const DocumentFile file;
     Document form;
     measure(
-        state, secondsOf("wc -w <" + file.path() + " >/dev/null"), [] {},
-        [&] { benchmark::DoNotOptimize(form.CountSentences()); });
+        state, {wordCount()}, [] {}, [&] { benchmark::DoNotOptimize(form.CountSentences()); });
 }
 
 // Of what stands nowhere, but whose parts do.
@@ -98,15 +105,16 @@ void findNothing(benchmark::State& state) {
         best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
     }
     measure(
-        state, best, [] {},
+        state, {{"times_memmem", best}}, [] {},
         [&] { benchmark::DoNotOptimize(findText(form.txtMain.spans(), 0, what)); });
 }
 
 // Each time on a document of its own, as nothing that was taken back before takes up memory.
 void replaceEverywhere(benchmark::State& state) {
     const DocumentFile file;
-    const std::string perl = std::string("perl -0777 -pe '") + frequentForPerl + "' <";
-    const double peer = secondsOf(perl + file.path() + " >/dev/null");
+    const std::string rest = std::string(replacement) + " <" + file.path() + " >/dev/null";
+    const std::vector<Peer> peers = {{"times_perl", secondsOf("perl -0777 -pe " + rest)},
+                                     {"times_sed", secondsOf("LC_ALL=C sed " + rest)}};
     double before = 0;
     std::optional<Document> form;
     const auto prepare = [&] {
@@ -117,7 +125,7 @@ void replaceEverywhere(benchmark::State& state) {
         resetPeak();
         before = statusMegabytes("VmRSS:");
     };
-    measure(state, peer, prepare, [&] { form->replaceWindow().cmdreplaceall_Click(); });
+    measure(state, peers, prepare, [&] { form->replaceWindow().cmdreplaceall_Click(); });
     const double growth = statusMegabytes("VmHWM:") - before;
     state.counters["peak_per_byte"] = 1 + growth * 1e6 / static_cast<double>(size);
 }

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <iostream>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,10 +16,9 @@ namespace quillet {
 namespace {
 
 constexpr int starts = 40;
-double mostMegabytes = 0;
 
 // Runs a program to its end and returns the seconds. Its memory at the most counts as well.
-double run(const char* program) {
+double run(const char* program, double& megabytes) {
     const auto start = std::chrono::steady_clock::now();
     const pid_t child = ::fork();
     if (child == 0) {
@@ -32,7 +30,7 @@ double run(const char* program) {
     ::wait4(child, &status, 0, &usage);
     if (status != 0)
         std::abort();
-    mostMegabytes = std::max(mostMegabytes, static_cast<double>(usage.ru_maxrss) / 1000);
+    megabytes = std::max(megabytes, static_cast<double>(usage.ru_maxrss) / 1000);
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
@@ -42,10 +40,14 @@ double run(const char* program) {
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     const quillet::Screen screen;
-    quillet::measureSideBySide("start",
-                               {{"main_window", [] { return quillet::run(START_MAIN_WINDOW); }},
-                                {"empty_widget", [] { return quillet::run(START_EMPTY_WIDGET); }}},
-                               quillet::starts);
+    double ours = 0;
+    double bare = 0;
+    quillet::measureSideBySide(
+        "start",
+        {{"main_window", [&] { return quillet::run(START_MAIN_WINDOW, ours); },
+          [&] { return ours; }},
+         {"empty_widget", [&] { return quillet::run(START_EMPTY_WIDGET, bare); },
+          [&] { return bare; }}},
+        quillet::starts);
     benchmark::RunSpecifiedBenchmarks();
-    std::cout << "resident at the most: " << quillet::mostMegabytes << " MB\n";
 }
