@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <regex>
 
 namespace quillet {
@@ -88,6 +89,27 @@ TEST_F(Desktop, SwitchingTheLayoutLeavesTheTextAlone) {
     session.send("keydown 50 keydown 64 keyup 64 keyup 50 keydown 64 keydown 50 keyup 50 keyup 64");
     session.type("k");
     EXPECT_EQ(session.saveAs("switched.qlt"), "DdZ\r\n");
+}
+
+TEST_F(Desktop, KeysThatAreQuickerThanAMenuClosesGoToTheBox) {
+    const struct {
+        std::string name;
+        std::string opens;
+        std::string choose;
+    } rows[] = {
+        {"a menu", "key alt+m", "key Return "},
+        {"a menu in a menu", "key alt+o Return", "key Down Return "},
+        {"the context menu", "key Menu", "key p "},
+    };
+    for (const auto& row : rows) {
+        clear();
+        session.send("key 45 " + row.opens + " sleep 0.5");
+        kill(session.program().id(), SIGSTOP);
+        session.send(row.choose + "45 26 " + ctrl('a') + "key End 45");
+        kill(session.program().id(), SIGCONT);
+        session.send("sleep 0.5");
+        EXPECT_EQ(session.saveAs(row.name + ".qlt"), "ddkd\r\n") << row.name;
+    }
 }
 
 const std::string opened = "Quillet: Hindi Word Processor  ";

@@ -18,6 +18,7 @@ Program::Program(char** argv, const MailFactory& makeMailComponent)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     QApplication::setQuitOnLastWindowClosed(false); // the forms know when the last one is gone
     requestDetectableAutoRepeat();
+    keepKeysBehindMenus();
     installBoxAccessible();
     offerOpenFonts();
 }

@@ -1,7 +1,7 @@
 #include "platform/qt/x11_keyboard.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <cstdlib>
 #include <memory>
@@ -61,6 +61,36 @@ class KeymapCache : public QAbstractNativeEventFilter {
     int firstEvent_ = 0;
 };
 
+// While a menu grabs the keys, the window below keeps the focus, and the keys are addressed to it:
+// the toolkit passes them on to the menu as long as it is open.
+class KeysOfFocus : public QAbstractNativeEventFilter {
+  public:
+    KeysOfFocus() { qGuiApp->installNativeEventFilter(this); }
+
+    bool nativeEventFilter(const QByteArray& /*type*/, void* message,
+                           qintptr* /*result*/) override {
+        const int type = static_cast<xcb_generic_event_t*>(message)->response_type;
+        if (type == XCB_KEY_PRESS || type == XCB_KEY_RELEASE) {
+            if (focus_ != XCB_NONE)
+                static_cast<xcb_key_press_event_t*>(message)->event = focus_;
+            return false;
+        }
+        return (type == XCB_FOCUS_IN || type == XCB_FOCUS_OUT) &&
+               isByMenu(*static_cast<xcb_focus_in_event_t*>(message));
+    }
+
+  private:
+    bool isByMenu(const xcb_focus_in_event_t& event) {
+        if (event.mode == XCB_NOTIFY_MODE_GRAB)
+            return QApplication::activePopupWidget() != nullptr;
+        if (event.response_type == XCB_FOCUS_IN && event.detail != XCB_NOTIFY_DETAIL_POINTER)
+            focus_ = event.event;
+        return false;
+    }
+
+    xcb_window_t focus_ = XCB_NONE;
+};
+
 // Whether a key in the three rows of letters gives a Latin one in this layout of the keymap.
 bool hasLatinLetters(xkb_keymap* keymap, xkb_layout_index_t layout) {
     constexpr xkb_keycode_t firstLetter = 24;
@@ -84,6 +114,11 @@ void requestDetectableAutoRepeat() {
     const auto request =
         xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
     std::free(xcb_xkb_per_client_flags_reply(connection, request, nullptr));
+}
+
+void keepKeysBehindMenus() {
+    if (x11Connection() != nullptr)
+        static const KeysOfFocus filter;
 }
 
 bool isLatinLayout(std::uint32_t nativeModifiers) {
