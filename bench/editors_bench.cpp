@@ -94,7 +94,7 @@ class Desk {
         return std::chrono::duration<double>(spent).count();
     }
 
-    Screen screen_;
+    VirtualScreen screen_;
     KeyProbe probe_;
     std::string path_ = screen_.folder() / "prose.txt";
 };

@@ -39,7 +39,7 @@ double run(const char* program, double& megabytes) {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    const quillet::Screen screen;
+    const quillet::VirtualScreen screen;
     double ours = 0;
     double bare = 0;
     quillet::measureSideBySide(

@@ -45,7 +45,7 @@ class Typist {
     static constexpr std::array<std::uint8_t, 6> keys = {55, 46, 57, 43, 33, 30};
     static constexpr int lastLine = 25;
 
-    Screen screen_;
+    VirtualScreen screen_;
     Process program_;
     KeyProbe probe_; // on the screen, which was the last to begin
     int paragraph_;

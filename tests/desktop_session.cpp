@@ -40,7 +40,7 @@ int Process::waitForExit() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-Screen::Screen() {
+VirtualScreen::VirtualScreen() {
     setenv("HOME", folder().c_str(), 1);
     setenv("XDG_RUNTIME_DIR", folder().c_str(), 1);
     const std::string display = folder() / "display"; // Xvfb chooses one

@@ -34,9 +34,9 @@ struct Program {
 };
 
 /// Xvfb and a window manager, with a folder for the files of what runs there.
-class Screen {
+class VirtualScreen {
   public:
-    Screen();
+    VirtualScreen();
 
     const fs::path& folder() const { return folder_.path; }
 
@@ -84,7 +84,7 @@ class DesktopSession {
     Process& program() { return *program_; }
 
   private:
-    Screen screen_;
+    VirtualScreen screen_;
     std::unique_ptr<Process> program_;
 };
 
