@@ -22,6 +22,16 @@ inline constexpr Position maxTextLength = 0x7FFFFFFF;
 /// The line break of documents, joined texts and written files.
 inline constexpr GlyphView lineBreak = "\r\n";
 
+/// Either of the two codes that end lines.
+constexpr bool endsLine(char glyph) {
+    return glyph == '\r' || glyph == '\n';
+}
+
+/// What stands between words besides line breaks.
+constexpr bool isBlank(char glyph) {
+    return glyph == ' ' || glyph == '\t';
+}
+
 /// The code of a glyph, 0 to 255, whatever the sign of `char`.
 constexpr std::uint8_t glyphCode(char glyph) {
     return static_cast<std::uint8_t>(glyph);

@@ -1,15 +1,12 @@
 // Lengths on screen and paper.
 #pragma once
 
-#include <compare>
-
 namespace quillet {
 
 /// A length of `value` twips, 1/1440 inch each: 15 twips are one pixel at 96 dots per inch.
 struct Twips {
     double value = 0;
 
-    friend constexpr auto operator<=>(Twips, Twips) = default;
     friend constexpr Twips operator-(Twips a, Twips b) { return {a.value - b.value}; }
     friend constexpr Twips operator/(Twips a, double divisor) { return {a.value / divisor}; }
 };

@@ -3,8 +3,7 @@
 
 #include "base/glyph_string.h"
 
-#include <cstdint>
-#include <string>
+#include <utility>
 
 namespace quillet {
 

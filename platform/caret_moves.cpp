@@ -8,16 +8,8 @@
 namespace quillet {
 namespace {
 
-bool isBreak(char glyph) {
-    return glyph == '\r' || glyph == '\n';
-}
-
-bool isBlank(char glyph) {
-    return glyph == ' ' || glyph == '\t';
-}
-
 bool isWord(char glyph) {
-    return !isBreak(glyph) && !isBlank(glyph);
+    return !endsLine(glyph) && !isBlank(glyph);
 }
 
 template <class Test>
@@ -125,15 +117,15 @@ Position wordRight(const CaretContext& from) {
 }
 
 Selection wordAt(const GapBuffer& text, Position place) {
-    const bool atEnd = place == static_cast<Position>(text.size()) || isBreak(text[place]);
-    if (atEnd && (place == 0 || isBreak(text[place - 1])))
+    const bool atEnd = place == static_cast<Position>(text.size()) || endsLine(text[place]);
+    if (atEnd && (place == 0 || endsLine(text[place - 1])))
         return {.anchor = place, .caret = place};
     const auto test = isBlank(text[atEnd ? place - 1 : place]) ? isBlank : isWord;
     return {.anchor = skipLeft(text, place, test), .caret = skipRight(text, place, test)};
 }
 
 Selection paragraphAt(const GapBuffer& text, Position place) {
-    const auto noBreak = [](char glyph) { return !isBreak(glyph); };
+    const auto noBreak = [](char glyph) { return !endsLine(glyph); };
     const auto size = static_cast<Position>(text.size());
     const bool inPair = place > 0 && place < size && text[place - 1] == '\r' && text[place] == '\n';
     const Position from = skipLeft(text, inPair ? place - 1 : place, noBreak);

@@ -4,7 +4,7 @@
 #include "base/gap_buffer.h"
 #include "base/glyph_string.h"
 #include "platform/line_layout.h"
-#include "platform/undo_history.h"
+#include "platform/selection.h"
 
 #include <cstdint>
 

@@ -1,7 +1,6 @@
 #include "platform/edit_box.h"
 
 #include "base/run_time_error.h"
-#include "platform/key_codes.h"
 
 #include <algorithm>
 #include <new>
@@ -192,12 +191,8 @@ void EditBox::undo() {
         return;
     UndoStep& step = history_.undo();
     keepingHistory([&] {
-        for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit) {
-            if (edit->other)
-                exchangeText(*edit->other);
-            else
-                apply(edit->at, edit->inserted, edit->removed);
-        }
+        for (auto edit = step.edits.rbegin(); edit != step.edits.rend(); ++edit)
+            repeat(*edit, edit->inserted, edit->removed);
         select(step.before);
     });
 }
@@ -207,14 +202,18 @@ void EditBox::redo() {
         return;
     UndoStep& step = history_.redo();
     keepingHistory([&] {
-        for (TextEdit& edit : step.edits) {
-            if (edit.other)
-                exchangeText(*edit.other);
-            else
-                apply(edit.at, edit.removed, edit.inserted);
-        }
+        for (const TextEdit& edit : step.edits)
+            repeat(edit, edit.removed, edit.inserted);
         select(step.after);
     });
+}
+
+// In one direction or the other.
+void EditBox::repeat(const TextEdit& edit, GlyphView removed, GlyphView inserted) {
+    if (edit.other)
+        exchangeText(*edit.other);
+    else
+        apply(edit.at, removed, inserted);
 }
 
 void EditBox::dropText(GlyphView text, Position place) {

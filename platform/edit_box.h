@@ -5,8 +5,10 @@
 #include "base/glyph_string.h"
 #include "base/twips.h"
 #include "platform/caret_moves.h"
+#include "platform/key_codes.h"
 #include "platform/line_layout.h"
 #include "platform/pointer.h"
+#include "platform/selection.h"
 #include "platform/undo_history.h"
 
 #include <cstdint>
@@ -15,13 +17,6 @@
 #include <string>
 
 namespace quillet {
-
-/// Bits of the modifier mask of key events.
-namespace modifier {
-inline constexpr std::int16_t shift = 1;
-inline constexpr std::int16_t ctrl = 2;
-inline constexpr std::int16_t alt = 4;
-} // namespace modifier
 
 /// The one font of a whole box.
 struct BoxFont {
@@ -172,6 +167,7 @@ class EditBox {
     /// more to do.
     bool catchUp();
 
+    /// Places and lines, as in `LineLayout`; `lineOf` wraps first as far as it must.
     Position lineOf(Position at);
     Position caretLine() const { return lines_.lineOf(selection_.caret); }
     Advance xOf(Position at) const { return lines_.xOf(text_, at); }
@@ -189,6 +185,7 @@ class EditBox {
     void exchangeText(GapBuffer& other);
     template <class Steps>
     void keepingHistory(Steps steps);
+    void repeat(const TextEdit& edit, GlyphView removed, GlyphView inserted);
     void wrapTo(Position at);
     void replace(Position at, Position removed, GlyphView inserted, const Selection& after);
     void apply(Position at, GlyphView removed, GlyphView inserted);

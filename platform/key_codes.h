@@ -1,8 +1,9 @@
-// Virtual-key codes that the program tells apart. Letters and digits are their own characters.
+// The keys and modifiers of key events.
 #pragma once
 
 #include <cstdint>
 
+/// Virtual-key codes that the program tells apart. Letters and digits are their own characters.
 namespace quillet::key {
 
 inline constexpr std::int16_t backspace = 8;
@@ -30,3 +31,12 @@ inline constexpr std::int16_t f1 = 112;
 inline constexpr std::int16_t f12 = 123;
 
 } // namespace quillet::key
+
+/// Bits of the mask of modifiers that are held.
+namespace quillet::modifier {
+
+inline constexpr std::int16_t shift = 1;
+inline constexpr std::int16_t ctrl = 2;
+inline constexpr std::int16_t alt = 4;
+
+} // namespace quillet::modifier

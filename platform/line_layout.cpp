@@ -10,14 +10,6 @@ namespace {
 constexpr Advance looksAt = maxAdvance + 1; // the step of glyphs that need more than an addition
 constexpr std::size_t blockLength = 16;
 
-bool endsLine(char glyph) {
-    return glyph == '\r' || glyph == '\n';
-}
-
-bool isBlank(char glyph) {
-    return glyph == ' ' || glyph == '\t';
-}
-
 // The state of wrapping one line, fed with the text in contiguous parts.
 class LineScan {
   public:
@@ -48,14 +40,14 @@ class LineScan {
 
     // Behind the line break that ended the scan, or else the glyph that no longer fits.
     Position at() const { return at_; }
-    std::optional<char> lineBreak() const { return lineBreak_; }
+    std::optional<char> ending() const { return ending_; }
 
   private:
     bool feedSingly(GlyphView part) {
         for (const char glyph : part) {
             const Advance left = x_;
             if (endsLine(glyph)) {
-                lineBreak_ = glyph;
+                ending_ = glyph;
                 ++at_;
                 return true;
             }
@@ -73,7 +65,7 @@ class LineScan {
     const Position start_;
     Position at_;
     Advance x_ = 0;
-    std::optional<char> lineBreak_;
+    std::optional<char> ending_;
 };
 
 // Where a line breaks that has room up to `end`: behind its last blank, or else there.
@@ -253,9 +245,9 @@ std::optional<Position> LineLayout::nextStart(const GapBuffer& text, Position st
     if (!complete && count == size - start)
         return std::nullopt;
     const Position next = scan.at();
-    if (!scan.lineBreak())
+    if (!scan.ending())
         return breakBefore(text, start, next);
-    const bool splitsPair = scan.lineBreak() == '\r' && next < size && text[next] == '\n';
+    const bool splitsPair = scan.ending() == '\r' && next < size && text[next] == '\n';
     return splitsPair ? next + 1 : next;
 }
 

@@ -1,7 +1,7 @@
 // Selecting with the mouse.
 #pragma once
 
-#include "platform/undo_history.h"
+#include "platform/selection.h"
 
 namespace quillet {
 

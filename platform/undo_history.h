@@ -3,6 +3,7 @@
 
 #include "base/gap_buffer.h"
 #include "base/glyph_string.h"
+#include "platform/selection.h"
 
 #include <cstddef>
 #include <deque>
@@ -10,18 +11,6 @@
 #include <vector>
 
 namespace quillet {
-
-/// The two ends of a selection; the caret is the one that moves.
-struct Selection {
-    Position anchor = 0;
-    Position caret = 0;
-
-    Position start() const { return anchor < caret ? anchor : caret; }
-    Position end() const { return anchor < caret ? caret : anchor; }
-    bool isEmpty() const { return anchor == caret; }
-
-    friend bool operator==(const Selection&, const Selection&) = default;
-};
 
 /// At `at`, `removed` gave way to `inserted`. Or the whole text was exchanged: then `other` is the
 /// one that is not in the box at present, so that neither has to be copied.

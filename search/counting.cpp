@@ -77,7 +77,7 @@ void Counting::mnuSentences_Click() {
 }
 
 void Counting::tell(const char* text, const std::string& count, const char* title) {
-    messageBox_.show({.text = text + count, .buttons = Buttons::Ok, .title = title});
+    messageBox_.show({.text = text + count, .title = title});
 }
 
 } // namespace quillet

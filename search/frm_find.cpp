@@ -49,9 +49,7 @@ void frmFind::find_word(std::int16_t startwhere) {
     try {
         selectMatch(startwhere);
     } catch (const std::exception&) {
-        messageBox_.show({.text = "No further matches found.",
-                          .buttons = Buttons::Ok,
-                          .title = "Quillet: Find Next"});
+        messageBox_.show({.text = "No further matches found.", .title = "Quillet: Find Next"});
         unload();
     }
 }

@@ -15,7 +15,7 @@ void BoxKeyboard::press(const KeyStroke& key) {
     const auto command = findKeyCommand(key.keyCode, key.shift);
     if (!command || command->throughBox)
         pressInBox(key, command ? command->command : nullptr);
-    else if (!repeats && command->command != nullptr) // a held shortcut runs once
+    else if (!repeats) // a held shortcut runs once
         (form_.*command->command)();
 }
 

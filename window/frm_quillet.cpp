@@ -46,7 +46,7 @@ void frmQuillet::Toolbar1_ButtonClick(std::string_view Key) {
     const auto commands = toolbarCommands();
     const auto row = std::find_if(commands.begin(), commands.end(),
                                   [Key](const ToolbarCommand& it) { return Key == it.key; });
-    if (row != commands.end() && row->command != nullptr)
+    if (row != commands.end())
         resumeNext([&] { (this->*row->command)(); });
 }
 

@@ -56,7 +56,7 @@ void LookCommands::setSize(double points) {
 }
 
 void LookCommands::tell(const std::string& text, const char* title) {
-    messageBox_.show({.text = text, .buttons = Buttons::Ok, .title = title});
+    messageBox_.show({.text = text, .title = title});
 }
 
 } // namespace quillet

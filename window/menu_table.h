@@ -18,7 +18,7 @@ struct MenuRow {
     const char* name;
     const char* caption;       // "&" marks the access key; "-" alone is a separator
     char shortcut = 0;         // the letter that chooses the entry with Ctrl
-    Command command = nullptr; // nothing for headings, separators and inert entries
+    Command command = nullptr; // nothing for headings and separators
 };
 
 /// The whole menu tree in its order. No entry is ever checked, greyed or hidden.
@@ -28,7 +28,7 @@ std::span<const MenuRow> menuTable();
 struct KeyCommand {
     std::int16_t keyCode; // virtual-key code
     std::int16_t shift;   // exactly these modifiers
-    Command command;      // nothing for an inert entry, which takes its key all the same
+    Command command;
 
     /// The command works on the box's own text: the key reaches the box first. Every other one
     /// is taken by the menu bar and raises no key-press in the box.

@@ -21,7 +21,7 @@ std::span<const ToolbarButton> toolbarButtons();
 
 struct ToolbarCommand {
     const char* key;
-    Command command; // nothing while the command is inert
+    Command command;
 };
 
 /// What each key runs. "Convert" is among them although no button carries it.
