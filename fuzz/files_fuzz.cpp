@@ -1,24 +1,13 @@
 // Documents opened and saved, under any name and with any bytes, and the filters of the dialogs.
 #include "fuzz/input.h"
 #include "platform/posix/posix_files.h"
+#include "tests/shell.h"
 #include "tests/test_window.h"
 
 #include <array>
-#include <filesystem>
 
 namespace quillet::fuzz {
 namespace {
-
-namespace fs = std::filesystem;
-
-struct Folder {
-    fs::path path;
-    Folder() {
-        std::string pattern = fs::temp_directory_path() / "quillet-fuzz-XXXXXX";
-        path = mkdtemp(pattern.data());
-    }
-    ~Folder() { fs::remove_all(path); }
-};
 
 // A name within the folder, whatever it is made of.
 std::string nameFrom(Input& input) {
@@ -33,15 +22,19 @@ void openAndSave(GlyphView bytes, const std::string& name) {
     TestWindow form;
     form.desktop.disk["/d/" + name] = bytes;
     form.desktop.choices = {"/d/" + name};
+    form.txtMain.Text("before");
     form.mnuOpen_Click();
     check(form.txtMain.Text() == bytes, "every byte is opened");
+    check(form.txtMain.SelStart() == 0 && !form.txtMain.canUndo(), "with nothing before it");
+    form.txtMain.SelStart(form.txtMain.length() / 2);
+    form.txtMain.catchUp(); // text on both sides of the caret
     form.mnuSave_Click();
     check(form.desktop.disk["/d/" + name] == GlyphString(bytes) + GlyphString(lineBreak),
           "and saved, with a line break");
 }
 
 void writeAndRead(GlyphView bytes, const std::string& name) {
-    static const Folder folder;
+    static const TempFolder folder;
     const std::string path = folder.path / name;
     PosixFiles files;
     try {

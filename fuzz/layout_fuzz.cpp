@@ -2,6 +2,9 @@
 #include "fuzz/input.h"
 #include "platform/line_layout.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace quillet::fuzz {
 namespace {
 
@@ -10,7 +13,7 @@ LineMetrics metricsFrom(Input& input) {
     metrics.advances.fill(1 + input.byte() % 32);
     metrics.advances[input.byte()] = 0;
     metrics.tabStop = 1 + input.byte();
-    metrics.width = input.upTo(1000);
+    metrics.width = input.upTo(300);
     return metrics;
 }
 
@@ -24,16 +27,33 @@ void checkSame(const LineLayout& layout, const LineMetrics& metrics, const GapBu
         check(layout.lineOf(full.lineStart(line)) == line, "found by their places");
 }
 
+// Lines that wait for `settle` fit all the same, and break only where lines may.
+void checkSound(const LineLayout& layout, const LineMetrics& metrics, const GapBuffer& text) {
+    const Position last = layout.lineCount() - 1;
+    for (Position line = 0; line < last || (line == last && layout.isSettled()); ++line) {
+        const Position start = layout.lineStart(line);
+        const Position end = layout.lineEnd(text, line);
+        check(start <= end && end <= layout.lineStart(line + 1), "lines in order");
+        Advance x = 0;
+        for (Position at = start; at < end; ++at) {
+            const Advance left = std::exchange(x, layout.advanceFrom(x, text[at]));
+            check(!endsLine(text[at]), "no line break inside a line");
+            const bool hangs = at == start || x == left || isBlank(text[at]);
+            check(x <= metrics.width || hangs, "every line fits");
+        }
+    }
+}
+
 void run(Input input) {
     const LineMetrics metrics = metricsFrom(input);
-    LineLayout layout(input.upTo(300));
+    LineLayout layout(input.upTo(40)); // how far one change is followed
     GapBuffer text;
     layout.setMetrics(metrics, text);
     while (!input.isEmpty()) {
         const auto size = static_cast<Position>(text.size());
         const Position at = input.upTo(size);
-        const Position removed = input.upTo(size - at);
-        const GlyphView inserted = input.text(input.byte());
+        const Position removed = input.upTo(std::min(size - at, 8));
+        const GlyphView inserted = input.text(input.byte() % 16);
         text.replace(at, removed, inserted);
         Position lines = layout.lineCount();
         const auto count = [&](const LineChange& change) { lines += change.after - change.before; };
@@ -45,9 +65,12 @@ void run(Input input) {
             count(layout.wrapTo(text, static_cast<Position>(text.size()) / 2));
         if (next % 4 == 2)
             count(layout.settle(text));
+        if (next % 64 == 3) {
+            layout.wrapAll(text);
+            lines = layout.lineCount();
+        }
         check(layout.lineCount() == lines, "as many lines as the changes tell");
-        for (Position line = 0; line < lines; ++line)
-            check(layout.lineStart(line) <= layout.lineStart(line + 1), "lines in order");
+        checkSound(layout, metrics, text);
         if (layout.isSettled())
             checkSame(layout, metrics, text);
     }

@@ -26,7 +26,6 @@ TEST(CaretMoves, EveryKeyFromEveryKindOfPlace) {
         Selection to;
     } rows[] = {
         // clang-format off
-        {"left at the start", 0, {{key::left}}, {0, 0}},
         {"left over CR LF", 8, {{key::left}}, {6, 6}},
         {"right over CR LF", 6, {{key::right}}, {8, 8}},
         {"right at the end", 37, {{key::right}}, {37, 37}},

@@ -10,13 +10,13 @@ namespace {
 using F = frmQuillet;
 using Paths = std::deque<std::optional<std::string>>;
 
-const std::string changes = "ask Do you want to save changes made to file? [Yes/No] Quillet1.0; ";
+const std::string changes = "ask Do you want to save changes made to file? [Yes/No] Quillet1.0|";
 const std::string closes = "ask Do you want to save changes made since you last opened the file? "
-                           "[Yes/No/Cancel] Quillet1.0; ";
-const std::string exits = "ask Do you want to save the file? [Yes/No/Cancel] Quillet1.0; ";
-const std::string closesBox = "ask Do you want to save the file? [Yes/No] Quillet1.0; ";
-const std::string toOpen = ": *.qlt* *.txt* *.htm* *.*; ";
-const std::string toSave = ": *.qlt* *.txt* *.*; ";
+                           "[Yes/No/Cancel] Quillet1.0|";
+const std::string exits = "ask Do you want to save the file? [Yes/No/Cancel] Quillet1.0|";
+const std::string closesBox = "ask Do you want to save the file? [Yes/No] Quillet1.0|";
+const std::string toOpen = ": *.qlt* *.txt* *.htm* *.*|";
+const std::string toSave = ": *.qlt* *.txt* *.*|";
 const std::string titled = "Quillet: Hindi Word Processor";
 
 struct Before {
@@ -43,34 +43,31 @@ const struct {
     {"New, No", &F::mnuNew_Click, {"ab"}, Answer::No, {}, changes,
      "|" + titled + "  (New Unsaved File)|new|"},
     {"New, Yes, saves to the file it has and keeps its name", &F::mnuNew_Click,
-     {"ab", false, false, "/d/old.txt"}, Answer::Yes, {}, changes + "write /d/old.txt; ",
+     {"ab", false, false, "/d/old.txt"}, Answer::Yes, {}, changes + "write /d/old.txt|",
      "|" + titled + "  (New Unsaved File)|new|/d/old.txt"},
     {"New, Yes, cancelled Save As: the text is lost", &F::mnuNew_Click, {"ab", true, true},
      Answer::Yes, {}, changes + "save at ''" + toSave, "|" + titled + "  (New Unsaved File)|new|"},
     {"Open", &F::mnuOpen_Click, {}, Answer::Ok, {"/d/old.txt"},
-     "open at ''" + toOpen + "read /d/old.txt; ", "old|" + titled + "  /d/old.txt||/d/old.txt"},
+     "open at ''" + toOpen + "read /d/old.txt|", "old|" + titled + "  /d/old.txt||/d/old.txt"},
     {"Open with text, Yes, saves a new document under a name first", &F::mnuOpen_Click, {"ab"},
      Answer::Yes, {"/d/x", "/d/old.txt"},
-     changes + "save at ''" + toSave + "write /d/x.qlt; open at '/d/x'" + toOpen +
-         "read /d/old.txt; ",
+     changes + "save at ''" + toSave + "write /d/x.qlt|open at '/d/x'" + toOpen +
+         "read /d/old.txt|",
      "old|" + titled + "  /d/old.txt||/d/old.txt"},
     {"Open cancelled at first use takes the empty name", &F::mnuOpen_Click, {"ab"}, Answer::No, {},
-     changes + "open at ''" + toOpen + "read ; ", "ab|" + titled + "  ||"},
+     changes + "open at ''" + toOpen + "read |", "ab|" + titled + "  ||"},
     {"Open cancelled later reads the last file again", &F::mnuOpen_Click,
      {"ab", true, true, "", "/d/old.txt"}, Answer::No, {},
-     changes + "open at '/d/old.txt'" + toOpen + "read /d/old.txt; ",
+     changes + "open at '/d/old.txt'" + toOpen + "read /d/old.txt|",
      "old|" + titled + "  /d/old.txt||/d/old.txt"},
     {"Open of a missing file keeps the text and takes the name", &F::mnuOpen_Click, {"ab"},
-     Answer::No, {"/d/none.qlt"}, changes + "open at ''" + toOpen + "read /d/none.qlt; ",
+     Answer::No, {"/d/none.qlt"}, changes + "open at ''" + toOpen + "read /d/none.qlt|",
      "ab|" + titled + "  /d/none.qlt||/d/none.qlt"},
     {"Save of a new document is Save As", &F::mnuSave_Click, {"ab", true, true}, Answer::Ok,
-     {"/d/x"}, "save at ''" + toSave + "write /d/x.qlt; ",
+     {"/d/x"}, "save at ''" + toSave + "write /d/x.qlt|",
      "ab|Quillet: Hindi Text Editor (/d/x.qlt)|used|/d/x.qlt"},
     {"Save writes without a word", &F::mnuSave_Click, {"ab", false, true, "/d/old.txt"},
-     Answer::Ok, {}, "write /d/old.txt; ", "ab|T|used|/d/old.txt"},
-    {"Save that cannot write changes nothing", &F::mnuSave_Click,
-     {"ab", false, true, "/d/locked.qlt"}, Answer::Ok, {}, "write /d/locked.qlt; ",
-     "ab|T|used|/d/locked.qlt"},
+     Answer::Ok, {}, "write /d/old.txt|", "ab|T|used|/d/old.txt"},
     {"Save after a cancelled Open has no name", &F::mnuSave_Click, {"ab", false}, Answer::Ok, {},
      "save at ''" + toSave, "ab|T||"},
     {"Save of a new file with a name, cancelled", &F::mnuSave_Click,
@@ -78,20 +75,20 @@ const struct {
      "ab|T|new|/d/old.txt"},
     {"Save As cancelled later writes under the last name", &F::mnuSaveAs_Click,
      {"ab", true, false, "", "/d/notes.txt"}, Answer::Ok, {},
-     "save at '/d/notes.txt'" + toSave + "write /d/notes.txt.qlt; ",
+     "save at '/d/notes.txt'" + toSave + "write /d/notes.txt.qlt|",
      "ab|Quillet: Hindi Text Editor (/d/notes.txt.qlt)||/d/notes.txt.qlt"},
     {"Save As compares the extension exactly", &F::mnuSaveAs_Click, {}, Answer::Ok, {"/d/L.QLT"},
-     "save at ''" + toSave + "write /d/L.QLT.qlt; ",
+     "save at ''" + toSave + "write /d/L.QLT.qlt|",
      "|Quillet: Hindi Text Editor (/d/L.QLT.qlt)||/d/L.QLT.qlt"},
     {"Save As that cannot write takes the name all the same", &F::mnuSaveAs_Click, {"ab"},
-     Answer::Ok, {"/d/locked.qlt"}, "save at ''" + toSave + "write /d/locked.qlt; ",
+     Answer::Ok, {"/d/locked.qlt"}, "save at ''" + toSave + "write /d/locked.qlt|",
      "ab|Quillet: Hindi Text Editor (/d/locked.qlt)||/d/locked.qlt"},
     {"Close of an unchanged empty box", &F::mnuClose_Click, {}, Answer::Ok, {}, "", "|T|new|"},
     {"Close, Cancel", &F::mnuClose_Click, {"ab"}, Answer::Cancel, {}, closes, "ab|T|new used|"},
     {"Close, No", &F::mnuClose_Click, {"", true, true, "/d/old.txt"}, Answer::No, {}, closes,
      "|" + titled + "|new|/d/old.txt"},
     {"Close, Yes, saves first", &F::mnuClose_Click, {"ab", false, false, "/d/old.txt"},
-     Answer::Yes, {}, closes + "write /d/old.txt; ", "|" + titled + "|new|/d/old.txt"},
+     Answer::Yes, {}, closes + "write /d/old.txt|", "|" + titled + "|new|/d/old.txt"},
     {"Exit of an unchanged document", &F::mnuExit_Click, {"ab"}, Answer::Ok, {}, "", "ab|T|new|"},
     {"Exit, Cancel", &F::mnuExit_Click, {"", true, true}, Answer::Cancel, {}, exits,
      "|T|new used|"},
@@ -104,7 +101,7 @@ const struct {
     {"Close box, No", nullptr, {"", true, true}, Answer::No, {}, closesBox + "end",
      "|T|new used|"},
     {"Close box, Yes, goes through Save As", nullptr, {"ab", false, true, "/d/old.txt"},
-     Answer::Yes, {"/d/x.qlt"}, closesBox + "save at ''" + toSave + "write /d/x.qlt; end",
+     Answer::Yes, {"/d/x.qlt"}, closesBox + "save at ''" + toSave + "write /d/x.qlt|end",
      "ab|Quillet: Hindi Text Editor (/d/x.qlt)|used|/d/x.qlt"},
     // clang-format on
 };
@@ -130,37 +127,13 @@ TEST(DocumentFiles, EveryAnswerCancelAndFailureLeavesItsState) {
         } catch (const EndOfProgram&) {
             end = "end";
         }
-        std::string calls;
-        for (const std::string& call : desktop.calls)
-            calls += call + "; ";
-        EXPECT_EQ(calls + end, row.calls);
+        EXPECT_EQ(joined(desktop.calls) + end, row.calls);
         const std::string flags =
             form.NewFile ? form.textboxused ? "new used" : "new" : (form.textboxused ? "used" : "");
         EXPECT_EQ(form.txtMain.Text() + "|" + form.Caption() + "|" + flags + "|" + form.NameofFile,
                   row.after);
         EXPECT_EQ(desktop.disk["/d/locked.qlt"], "locked");
     }
-}
-
-TEST(DocumentFiles, ADocumentGrowsByOneLineBreakAtEachOpenAndSave) {
-    GlyphString everyByte;
-    for (int code = 0; code < 256; ++code)
-        everyByte.push_back(static_cast<char>(code));
-    TestWindow form;
-    form.txtMain.Text(everyByte);
-    form.txtMain.SelStart(100);
-    form.txtMain.SelText("x"); // a gap in the middle
-    form.txtMain.undo();
-    form.desktop.choices = {"/d/a", "/d/a.qlt"};
-    form.mnuSaveAs_Click();
-    EXPECT_EQ(form.desktop.disk["/d/a.qlt"], everyByte + "\r\n");
-    form.desktop.answers = {Answer::No};
-    form.mnuOpen_Click();
-    EXPECT_EQ(form.txtMain.Text(), everyByte + "\r\n");
-    EXPECT_EQ(form.txtMain.SelStart(), 0);
-    EXPECT_FALSE(form.txtMain.canUndo());
-    form.mnuSave_Click();
-    EXPECT_EQ(form.desktop.disk["/d/a.qlt"], everyByte + "\r\n\r\n");
 }
 
 } // namespace

@@ -1,15 +1,9 @@
 // The box as the program sees it: text, selection, undo, keys.
 #include "base/run_time_error.h"
 #include "platform/edit_box.h"
-#include "platform/key_codes.h"
 #include "tests/typing.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <deque>
-#include <random>
-#include <utility>
 
 namespace quillet {
 namespace {
@@ -111,115 +105,6 @@ TEST(EditBox, TheCaretKeepsItsLineWhenALongTextIsWrappedAnew) {
     EXPECT_EQ(box.SelStart(), 500'000);
     box.keyDown(key::end, 0);
     EXPECT_LT(box.SelStart(), 501'001);
-}
-
-// What the box should hold after operations that each are one step, or none where they change
-// nothing.
-struct PlainBox {
-    std::string text;
-    Position start = 0;
-    Position end = 0;
-    std::deque<std::string> past, future;
-
-    void select(Position from, Position to) {
-        start = std::min(from, to);
-        end = std::max(from, to);
-    }
-    void replace(Position from, Position to, std::string_view inserted) {
-        std::string changed = text;
-        changed.replace(from, to - from, inserted);
-        start = end = from + static_cast<Position>(inserted.size());
-        if (changed == text)
-            return;
-        past.push_back(std::exchange(text, std::move(changed)));
-        if (past.size() > UndoHistory::maxSteps)
-            past.pop_front();
-        future.clear();
-    }
-    void backspace() {
-        const bool pair = text.substr(0, end).ends_with("\r\n");
-        replace(start == end ? std::max(0, start - (pair ? 2 : 1)) : start, end, "");
-    }
-    void del() {
-        const Position length = text.substr(start).starts_with("\r\n") ? 2 : 1;
-        const auto size = static_cast<Position>(text.size());
-        replace(start, start == end ? std::min(size, start + length) : end, "");
-    }
-    void goTo(std::deque<std::string>& from, std::deque<std::string>& to) {
-        if (from.empty())
-            return;
-        to.push_back(std::exchange(text, std::move(from.back())));
-        from.pop_back();
-    }
-};
-
-TEST(EditBox, AgreesWithAPlainStringAndTakesEverythingBack) {
-    std::mt19937 random(3);
-    const auto below = [&](Position limit) {
-        return static_cast<Position>(random() % (limit + 1));
-    };
-    const auto glyphs = [&] {
-        std::string text(below(4), '\n');
-        for (char& glyph : text)
-            glyph = static_cast<char>(random() % 4 == 0 ? "\r\n \t"[random() % 4] : random());
-        return text;
-    };
-    EditBox box({});
-    PlainBox plain;
-    const auto step = [&] {
-        const std::string text = glyphs();
-        switch (random() % 10) {
-        case 0:
-            box.SelText(text);
-            return plain.replace(plain.start, plain.end, text);
-        case 1:
-            box.keyPress('x', 0);
-            return plain.replace(plain.start, plain.end, "x");
-        case 2:
-            box.keyPress(key::enter, 0);
-            return plain.replace(plain.start, plain.end, "\r\n");
-        case 3:
-            box.keyPress(key::backspace, 0);
-            return plain.backspace();
-        case 4:
-            box.keyDown(key::del, 0);
-            return plain.del();
-        case 5:
-            box.dropText(text, plain.start);
-            plain.replace(plain.start, plain.start, text);
-            plain.start -= static_cast<Position>(text.size());
-            return;
-        case 6:
-            if (random() % 16 != 0)
-                return;
-            box.Text(text);
-            plain.replace(0, static_cast<Position>(plain.text.size()), text);
-            return plain.select(0, 0);
-        case 7:
-            box.undo();
-            plain.goTo(plain.past, plain.future);
-            return plain.select(box.SelStart(), box.SelStart() + box.SelLength());
-        case 8:
-            box.redo();
-            plain.goTo(plain.future, plain.past);
-            return plain.select(box.SelStart(), box.SelStart() + box.SelLength());
-        default:
-            box.catchUp();
-        }
-    };
-    box.setMetrics({.width = 64});
-    for (int number = 0; number < 1'000'000; ++number) {
-        if (random() % 2 == 0) {
-            const Position length = box.length();
-            plain.select(below(length), random() % 64 == 0 ? below(length) : plain.end);
-            box.select({.anchor = plain.start, .caret = plain.end});
-        }
-        step();
-        ASSERT_TRUE(std::ranges::equal(box.Text(), plain.text)) << "step " << number;
-        ASSERT_EQ(box.SelStart(), plain.start) << "step " << number;
-        ASSERT_EQ(box.SelLength(), plain.end - plain.start) << "step " << number;
-        ASSERT_EQ(box.canUndo(), !plain.past.empty()) << "step " << number;
-    }
 }
 
 } // namespace

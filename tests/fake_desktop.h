@@ -6,13 +6,14 @@
 #include "platform/common_dialog.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
+#include "platform/form.h"
+#include "platform/form_host.h"
 #include "platform/input_box.h"
 #include "platform/mail_component.h"
 #include "platform/message_box.h"
 #include "platform/screen.h"
 #include "platform/shell.h"
 #include "tests/fake_printer.h"
-#include "tests/fakes.h"
 
 #include <deque>
 #include <map>
@@ -21,6 +22,25 @@
 #include <vector>
 
 namespace quillet {
+
+using namespace std::string_literals;
+
+/// Calls as one text, with a "|" behind each.
+inline std::string joined(const std::vector<std::string>& calls) {
+    std::string text;
+    for (const std::string& call : calls)
+        text += call + "|";
+    return text;
+}
+
+/// A desktop without windows.
+struct FakeForms : FormHost {
+    std::vector<std::string> calls; // such as "show frmSpl"
+
+    void show(Form& form) override { calls.push_back("show "s + form.design().name); }
+    void hide(Form& form) override { calls.push_back("hide "s + form.design().name); }
+    void captionChanged(Form& form) override { calls.push_back("caption "s + form.design().name); }
+};
 
 struct FakeDesktop : MessageBox,
                      InputBox,
@@ -37,7 +57,6 @@ struct FakeDesktop : MessageBox,
     std::map<std::string, GlyphString> disk;
     std::set<std::string> readOnly; // paths that cannot be written
     GlyphString clipboard;
-    bool clipboardFails = false;
     std::vector<std::string> calls; // what was asked, in order
     bool choosesPrinter = true;     // in the next print dialogs
     int fault = -1;                 // how many more calls to dialogs, files and devices succeed
@@ -110,8 +129,6 @@ struct FakeDesktop : MessageBox,
     }
     GlyphString text() override {
         fail();
-        if (clipboardFails)
-            throw RunTimeError(ErrorNumber::PermissionDenied);
         return clipboard;
     }
 

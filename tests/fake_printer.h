@@ -1,7 +1,6 @@
 // A printer whose glyphs are all of one size, and which keeps what it prints as text.
 #pragma once
 
-#include "base/run_time_error.h"
 #include "platform/printer.h"
 
 #include <functional>
@@ -20,7 +19,6 @@ struct FakePrinter : Printer {
     float width = 11000, height = 15000; // of the page
     float glyphWidth = 100, lineHeight = 300;
     int page = 1;
-    int failsAt = -1;               // the number of the call of Print that fails
     std::string font = "Printer@0"; // as "name@size"
     std::vector<std::string> calls; // such as "800,1000 word"
 
@@ -53,8 +51,6 @@ struct FakePrinter : Printer {
 
     void Print(GlyphView text) override {
         called();
-        if (failsAt-- == 0)
-            throw RunTimeError(ErrorNumber::PathFileAccess);
         if (!text.empty())
             calls.push_back(number(x) + "," + number(y) + " " + GlyphString(text));
         x += glyphWidth * static_cast<float>(text.size());

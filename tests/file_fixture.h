@@ -3,19 +3,16 @@
 
 #include "base/run_time_error.h"
 #include "platform/posix/posix_files.h"
+#include "tests/shell.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/stat.h>
 
 namespace quillet {
-
-namespace fs = std::filesystem;
 
 /// The number of the error that `step` throws, or 0.
 template <class Step>
@@ -40,14 +37,7 @@ inline auto openDescriptors() {
 
 /// Every test has a folder of its own and leaves no temporary file and no open descriptor.
 struct FileFixture : testing::Test {
-    FileFixture() {
-        std::string name = testing::TempDir() + "quillet-files-XXXXXX";
-        folder = ::mkdtemp(name.data());
-    }
-    ~FileFixture() override {
-        expectNothingLeft();
-        fs::remove_all(folder);
-    }
+    ~FileFixture() override { expectNothingLeft(); }
 
     static bool isTemporary(const fs::path& file) {
         return file.filename().native().starts_with(".quillet");
@@ -81,7 +71,8 @@ struct FileFixture : testing::Test {
     }
 
     PosixFiles files;
-    fs::path folder;
+    TempFolder temporary;
+    const fs::path& folder = temporary.path;
     std::ptrdiff_t descriptors = openDescriptors();
 };
 

@@ -10,8 +10,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from fontTools.pens.basePen import BasePen
-from fontTools.pens.boundsPen import ControlBoundsPen
+from fontTools.pens.recordingPen import DecomposingRecordingPen
 from fontTools.ttLib import TTFont
 
 FONTS = Path(__file__).resolve().parent.parent / "fonts"
@@ -62,25 +61,6 @@ def distance(ours, theirs):
     return max(abs(a - b) for one, other in zip(ours, theirs) for a, b in zip(one, other))
 
 
-class ContourBoxes(BasePen):
-    def __init__(self, glyph_set):
-        super().__init__(glyph_set)
-        self.boxes = []
-
-    def _moveTo(self, point):
-        self._box = ControlBoundsPen(None)
-        self._box.moveTo(point)
-
-    def _lineTo(self, point):
-        self._box.lineTo(point)
-
-    def _curveToOne(self, *points):
-        self._box.curveTo(*points)
-
-    def _closePath(self):
-        self.boxes.append(self._box.bounds)
-
-
 class Font:
     def __init__(self, path):
         self.path = path
@@ -101,10 +81,14 @@ class Font:
         return self.shaped(" ".join(f"U+{0xF000 + byte:04X}" for byte in text) for text in texts)
 
     def contours(self, name):
-        """The boxes around the contours of a glyph."""
-        pen = ContourBoxes(self.font.getGlyphSet())
+        """The boxes around the points of each contour of a glyph."""
+        pen = DecomposingRecordingPen(self.font.getGlyphSet())
         self.font.getGlyphSet()[name].draw(pen)
-        return sorted(pen.boxes)
+        contours = []
+        for command, points in pen.value:
+            contours += [[]] if command == "moveTo" else []
+            contours[-1] += points
+        return sorted((*map(min, zip(*points)), *map(max, zip(*points))) for points in contours)
 
     def ink(self, glyphs):
         """The boxes around all contours of shaped glyphs."""

@@ -1,5 +1,4 @@
 // Hindi words typed by their keys, and read again from the glyphs that this leaves in the box.
-#include "engine/inscript_table.h"
 #include "tests/test_window.h"
 #include "tests/typing.h"
 
@@ -135,14 +134,8 @@ Letters read(const GlyphString& glyphs) {
 // the layout has are not in it; for them the layout's key.
 std::map<Letters, char> keysOfLetters() {
     std::map<Letters, char> keys = {{u"\u0901", 'X'}, {u"\u0949", '\\'}, {u"\u0933", 'N'}};
-    for (char typed = '!'; typed <= '~'; ++typed) {
-        const InscriptKey& key = inscriptKey(typed);
-        GlyphString glyphs;
-        for (const std::string_view code : {key.glyph, key.second})
-            if (!code.empty())
-                glyphs += static_cast<char>(std::stoi(std::string(code)));
-        keys[read(glyphs)] = typed;
-    }
+    for (char typed = '!'; typed <= '~'; ++typed)
+        keys[read(typing::inscriptGlyphs(typed))] = typed;
     return keys;
 }
 

@@ -54,7 +54,6 @@ TEST_F(PdfReaders, FindEveryPageAndEveryLine) {
         const char* font = "Kruti Dev 020";
         int fontSize = 12;
     } rows[] = {
-        {"one line", 1, 60, "1"},
         {"a full page and one line more", 61, 60, "2"},
         {"a full page and an empty one", 60, 60, "2"},
         {"ten pages", 599, 60, "10"},

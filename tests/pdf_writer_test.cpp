@@ -1,14 +1,12 @@
-// PDF files byte for byte, the settings, the limits, and the command on the document's file.
+// PDF files byte for byte, their limits, and the command on the document's file.
 #include "output/pdf_writer.h"
 
 #include "tests/file_fixture.h"
+#include "tests/shell.h"
 #include "tests/test_window.h"
 
 #include <cstdio>
-#include <limits>
-#include <map>
 #include <sstream>
-#include <variant>
 
 namespace quillet {
 namespace {
@@ -47,13 +45,6 @@ GlyphString repeated(int times, const GlyphString& text) {
     return all;
 }
 
-GlyphString everyByte() {
-    GlyphString bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    return bytes;
-}
-
 GlyphString replaced(GlyphString text, GlyphView what, GlyphView by) {
     for (std::size_t at = 0; (at = text.find(what, at)) != GlyphString::npos; at += by.size())
         text.replace(at, what.size(), by);
@@ -76,18 +67,9 @@ GlyphString laidOut(const Job& job) {
     const int pages =
         job.records > 0 ? count / job.records + 1 : 1 - (count - job.records - 1) / -job.records;
 
-    GlyphString bytes = rows("%PDF-1.2 |%\xD3\xD3\xD3\xD3|"
-                             "1 0 obj|<<|/Creator  (Text File to PDF 1.0)|"
-                             "/Producer (Text File to PDF page writer, 1.00)|/Title (PAGEGEN)|>>|"
-                             "endobj|4 0 obj|<<|/Type /Font|/Subtype /Type1|/Name /F1|"
-                             "/Encoding 5 0 R|/BaseFont /" +
-                             job.font +
-                             "|>>|endobj|"
-                             "5 0 obj|<<|/Type /Encoding|/BaseEncoding /WinAnsiEncoding|>>|endobj|"
-                             "6 0 obj|<<|/Font << /F1 4 0 R   >>  /ProcSet [ /PDF  /Text ]|>>|"
-                             "endobj|");
-    std::map<int, int> places = {{1, 17}, {4, 144}, {5, 247}, {6, 321}};
-    int place = 396;
+    GlyphString bytes = rows("%PDF-1.2 |%\xD3\xD3\xD3\xD3|");
+    std::map<int, int> places;
+    int place = 0;
     const auto add = [&](int number, const GlyphString& content, int missing = 0) {
         const GlyphString object =
             rows(std::to_string(number) + " 0 obj|") + content + rows("endobj|");
@@ -95,7 +77,14 @@ GlyphString laidOut(const Job& job) {
         place += static_cast<int>(object.size()) + missing;
         bytes += object;
     };
-
+    add(1, rows("<<|/Creator  (Text File to PDF 1.0)|"
+                "/Producer (Text File to PDF page writer, 1.00)|/Title (PAGEGEN)|>>|"));
+    add(4, rows("<<|/Type /Font|/Subtype /Type1|/Name /F1|/Encoding 5 0 R|/BaseFont /" + job.font +
+                "|>>|"));
+    add(5, rows("<<|/Type /Encoding|/BaseEncoding /WinAnsiEncoding|>>|"));
+    add(6, rows("<<|/Font << /F1 4 0 R   >>  /ProcSet [ /PDF  /Text ]|>>|"));
+    places = {{1, 17}, {4, 144}, {5, 247}, {6, 321}};
+    place = 396;
     GlyphString kids;
     int number = 7;
     for (int page = 0; page < pages; ++page, number += 3) {
@@ -136,34 +125,21 @@ TEST(PdfWriter, WritesEveryByteAsLaidOut) {
     const GlyphString line = "Hkkjr (ns'k) \\ gS\r\n";
     const Job jobs[] = {
         {"one line", line},
-        {"a line less than a page", repeated(59, line)},
         {"a page, and an empty one", repeated(60, line)},
         {"a line more than a page", repeated(61, line)},
-        {"two pages, and an empty one", repeated(120, line)},
         {"objects of four digits", repeated(700, line), 1},
-        {"as many lines as a page can have", repeated(363, line), 363},
         {"a page that could have more lines than it has", repeated(363, line), 364},
         {"as many lines as the file can have", repeated(25'945, "\r"), 100},
         {"fewer than no pages", repeated(61, line), -60},
         {"no page", line, -1},
         {"a page without a look at the lines", "", -1},
         {"filled, and one too long for it", GlyphString(71, 'a') + "\r" + GlyphString(72, 'b')},
-        {"a line of 10,000", GlyphString(10'000, 'a')},
         {"width 0", line, 60, 0},
-        {"width 8, below the margin", "\ra", 60, 8},
         {"width 9, an empty line", "\ra", 60, 9},
-        {"width 10", "a\rab", 60, 10},
-        {"the largest width", line, 60, 32767},
         {"the least width", line, 60, -32768},
-        {"every byte", everyByte()},
+        {"every byte", allBytes()},
         {"CR, LF and both", "\n1\r\n\n2\n\r3\r\r4\r\n\r\n\r"},
-        {"LF alone", repeated(61, "a\n")},
-        {"a last line that does not end", "a\rb"},
-        {"a font size of one digit", line, 60, 80, 8},
-        {"a negative font size", line, 60, 80, -100},
-        {"a font of 7 letters", line, 60, 80, 12, "Courier"},
-        {"no font", line, 60, 80, 12, ""},
-        {"an odd font", line, 60, 80, 12, "/(Kruti\\ \xD3 Dev#20)"},
+        {"an odd font", line, 60, 80, -100, "/(Kruti\\ \xD3 Dev#20)"},
     };
     for (const Job& job : jobs) {
         const GlyphString bytes = converted(job);
@@ -171,32 +147,6 @@ TEST(PdfWriter, WritesEveryByteAsLaidOut) {
         const auto same =
             std::mismatch(bytes.begin(), bytes.end(), expected.begin(), expected.end());
         EXPECT_TRUE(bytes == expected) << job.name << ": byte " << same.first - bytes.begin();
-    }
-}
-
-TEST(PdfWriter, WritesTheNumbersThatWereComputedByHand) {
-    const struct {
-        Job job;
-        std::size_t size;
-        const char* end; // less the ends of the entries
-    } cases[] = {
-        {{"two lines", "Hello\r\nWorld\r\n"},
-         1255,
-         "|/Count 1|/MediaBox [ 0 0 595 842 ]|/Kids [ 7 0 R ]|>>|endobj|xref|010|0000000000 65535 f"
-         "|0000000017|0000000790|0000000869|0000000144|0000000247|0000000321|0000000396|0000000484"
-         "|0000000768|trailer|<<|/Size 10|/Root 2 0 R|/Info 1 0 R|>>|startxref|962|%%EOF|"},
-        {{"61 lines", repeated(61, GlyphString(71, 'a') + "\r\n")},
-         6853,
-         "|/Count 2|/MediaBox [ 0 0 595 842 ]|/Kids [ 7 0 R 10 0 R ]|>>|endobj|xref|013"
-         "|0000000000 65535 f|0000000017|0000006320|0000006399|0000000144|0000000247|0000000321"
-         "|0000000396|0000000484|0000005988|0000006011|0000006101|0000006297|trailer|<<|/Size 13"
-         "|/Root 2 0 R|/Info 1 0 R|>>|startxref|6499|%%EOF|"},
-    };
-    for (const auto& it : cases) {
-        const GlyphString bytes = converted(it.job);
-        const GlyphString text = replaced(replaced(bytes, lineBreak, "|"), " 00000 n", "");
-        EXPECT_EQ(bytes.size(), it.size) << it.job.name;
-        EXPECT_EQ(text.substr(text.find("|/Count")), it.end) << it.job.name;
     }
 }
 
@@ -216,38 +166,6 @@ TEST(PdfWriter, ASecondRunListsThePagesOfTheFirstAsWell) {
     EXPECT_EQ(desktop.calls.back(), "write ") << "a target path that was read is gone";
 }
 
-TEST(PdfWriter, SettingsTakeNumbersAndTheirTexts) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const struct {
-        std::variant<double, std::string> value;
-        int stored; // or the error
-        bool fails = false;
-    } cases[] = {
-        {2.5, 2},           {3.5, 4},           {-2.5, -2},          {32767.4, 32767},
-        {-32768.5, -32768}, {32767.5, 6, true}, {-32768.6, 6, true}, {1e300, 6, true},
-        {nan, 6, true},     {"80", 80},         {" +1.5e1\t", 15},   {"-2.5", -2},
-        {"1e-400", 0},      {"40000", 6, true}, {"-1e999", 6, true}, {"", 13, true},
-        {"  ", 13, true},   {"80a", 13, true},  {"1,5", 13, true},   {"inf", 13, true},
-        {"0x10", 13, true}, {"1 2", 13, true},  {"e", 13, true},
-    };
-    const auto check = [](const auto& value, int stored, int expectedError) {
-        FakeDesktop desktop;
-        CPdfWriter writer(desktop, desktop);
-        for (const int error :
-             {errorOf([&] { writer.Width(value); }), errorOf([&] { writer.RecordsPerPage(value); }),
-              errorOf([&] { writer.FontSize(value); })})
-            EXPECT_EQ(error, expectedError) << value;
-        EXPECT_EQ(writer.Width(), stored) << value;
-        EXPECT_EQ(writer.RecordsPerPage(), stored) << value;
-    };
-    for (const auto& it : cases)
-        std::visit(
-            [&](const auto& value) {
-                check(value, it.fails ? 0 : it.stored, it.fails ? it.stored : 0);
-            },
-            it.value);
-}
-
 struct PdfFiles : FileFixture {};
 
 TEST_F(PdfFiles, AFailureLeavesTheTargetAsItShould) {
@@ -259,7 +177,6 @@ TEST_F(PdfFiles, AFailureLeavesTheTargetAsItShould) {
         const char* target = "target";
     } cases[] = {
         {{"no lines a page", "a", 0}, 11},
-        {{"neither lines nor any a page", "", 0}, 11},
         {{"no lines", ""}, 9},
         {{"one line too many", repeated(32768, "\r"), 363}, 6},
         {{"one page too many", repeated(32767, "\r"), 1}, 6},
@@ -267,13 +184,11 @@ TEST_F(PdfFiles, AFailureLeavesTheTargetAsItShould) {
         {{"too many cross-references", repeated(10'920, "\r"), 1}, 6},
         {{"too long a list of pages", repeated(4000, "\r"), 1}, 6},
         {{"one line too many in the file", repeated(25'946, "\r"), 100}, 6, ""},
-        {{"the same with pages of 60", repeated(22'800, "\r")}, 6, ""},
         {{"the same without a folder", repeated(22'800, "\r")}, 76, "old", "source", "none/target"},
         {{"a pattern that matches", "a"}, 53, "old", "so?r*"},
         {{"no folder for the target", "a"}, 76, "old", "source", "none/target"},
         {{"a target that nobody may write", "a"}, 75, "old", "source", "fixed"},
         {{"no source", "a"}, 0, "old", "none"},
-        {{"a folder as source", "a"}, 0, "old", "."},
     };
     write(folder / "fixed", "old");
     fs::permissions(folder / "fixed", fs::perms::owner_read);
@@ -287,52 +202,37 @@ TEST_F(PdfFiles, AFailureLeavesTheTargetAsItShould) {
         EXPECT_EQ(errorOf([&] { convert(writer, it.job, source, folder / it.target); }), it.error);
         EXPECT_EQ(read(folder / "target"), it.after);
         EXPECT_EQ(read(folder / "fixed"), "old");
-        const std::string message = "ask " + source + " File does not exist [OK] Quillet1.0 (i)";
-        EXPECT_EQ(desktop.calls, std::vector<std::string>(it.error == 0 ? 1 : 0, message));
+        const std::string message = "ask " + source + " File does not exist [OK] Quillet1.0 (i)|";
+        EXPECT_EQ(joined(desktop.calls), it.error == 0 ? message : "");
     }
 }
 
 TEST(Convert, TurnsTheSavedFileIntoAPdfBesideIt) {
-    const struct {
-        std::string path;
-        std::string target;
-        std::string message = {}; // before the usual one, where there is no such file
-    } cases[] = {
+    const std::array<std::string, 2> cases[] = {
         {"D:\\docs\\letter.qlt", "D:\\docs\\letter.pdf"},
         {"page.html", "page..pdf"},
         {"\u0915\u0916\u0917\u0918\u0919", "\u0915.pdf"},
-        {"four", ".pdf"},
         {"a.b", ""},
         {"\u0915\u0916\u0917", ""},
         {"fixed.qlt", "fixed.pdf"},
-        {"", "", "ask  File does not exist [OK] Quillet1.0 (i)|"},
-        {"lost.qlt", "", "ask lost.qlt File does not exist [OK] Quillet1.0 (i)|"},
     };
-    for (const auto& it : cases) {
-        SCOPED_TRACE(it.path);
+    for (const auto& [path, target] : cases) {
         TestWindow form;
-        auto& disk = form.desktop.disk;
-        form.desktop.readOnly = {"", "fixed.pdf"};
+        FakeDesktop& desktop = form.desktop;
+        desktop.readOnly = {"", "fixed.pdf"};
+        desktop.disk[path] = "saved";
         form.NewFile = false;
-        form.NameofFile = it.path;
+        form.NameofFile = path;
         form.txtMain.Text("changed since");
-        if (it.message.empty())
-            disk[it.path] = "saved";
-        auto after = disk;
-        if (it.message.empty() && !form.desktop.readOnly.contains(it.target))
-            after[it.target] = converted({"", "saved"});
-        const std::string calls =
-            (it.message.empty() ? "read " + it.path + "|write " + it.target + "|" : it.message) +
-            "ask File converted to PDF format with same name [OK] Quillet1.0|";
-        std::string twice;
-        for (int time = 0; time < 2; ++time)
-            form.Toolbar1_ButtonClick("Convert");
-        for (const std::string& call : form.desktop.calls)
-            twice += call + "|";
-        EXPECT_EQ(twice, calls + calls);
-        EXPECT_TRUE(disk == after);
-        EXPECT_EQ(form.NameofFile, it.path);
-        EXPECT_FALSE(form.NewFile);
+        form.ConvertToPdf();
+        const std::vector<std::string> calls = {
+            "read " + path, "write " + target,
+            "ask File converted to PDF format with same name [OK] Quillet1.0"};
+        EXPECT_EQ(desktop.calls, calls);
+        auto disk = std::map<std::string, GlyphString>{{path, "saved"}};
+        if (!desktop.readOnly.contains(target))
+            disk[target] = converted({"", "saved"});
+        EXPECT_TRUE(desktop.disk == disk) << path;
     }
 }
 

@@ -1,6 +1,7 @@
 // Typing into a box as the user does: Latin characters as key events.
 #pragma once
 
+#include "engine/inscript_table.h"
 #include "platform/edit_box.h"
 #include "platform/key_codes.h"
 
@@ -40,6 +41,15 @@ inline Key keyOf(char character) {
         return {code(at), modifier::shift, ascii};
     constexpr std::int16_t foreignKey = 226;
     return {ascii > ' ' ? foreignKey : ascii, 0, ascii};
+}
+
+/// The glyphs that the Inscript layout has for a character.
+inline GlyphString inscriptGlyphs(char typed) {
+    GlyphString glyphs;
+    for (const std::string_view code : {inscriptKey(typed).glyph, inscriptKey(typed).second})
+        if (!code.empty())
+            glyphs += static_cast<char>(std::stoi(std::string(code)));
+    return glyphs;
 }
 
 /// The key goes down, and stays there. Repeated calls are the key's auto-repeat.
