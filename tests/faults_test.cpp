@@ -100,6 +100,7 @@ TEST(Faults, LeaveEveryCommandInADescribedState) {
         if (row.command != nullptr)
             faults += injectFaults(row.name, row.command);
     EXPECT_GT(faults, 40);
+    RecordProperty("faults", faults);
 }
 
 TEST(Faults, NeverComeThroughTheToolbar) {

@@ -50,6 +50,7 @@ std::optional<bool> hasToSucceed(const Fault& fault, const FaultyRun& run) {
 // `essential` calls must have been among them.
 template <class Prepare, class Work, class Check>
 void tryEveryFault(const Numbers& essential, Prepare prepare, Work work, Check check) {
+    static int injected = 0;
     for (const Fault& fault : faults) {
         FaultyRun run{.isHit = true};
         Numbers seen;
@@ -59,6 +60,7 @@ void tryEveryFault(const Numbers& essential, Prepare prepare, Work work, Check c
             run = runWithFault(call, fault, work);
             SCOPED_TRACE("which has the number " + std::to_string(run.number));
             EXPECT_FALSE(run.closedTwice);
+            injected += run.isHit ? 1 : 0;
             check(run, hasToSucceed(fault, run));
             if (run.isHit && !run.onFolder)
                 seen.insert(run.number);
@@ -66,6 +68,7 @@ void tryEveryFault(const Numbers& essential, Prepare prepare, Work work, Check c
         for (const long number : essential)
             EXPECT_TRUE(seen.contains(number) || !canMeet(number, fault)) << number;
     }
+    testing::Test::RecordProperty("faults", injected);
 }
 
 bool canStepIn() {
@@ -122,6 +125,7 @@ struct SaveFaultsTest : FileFixture {
 };
 
 TEST_F(SaveFaultsTest, AKillLeavesTheOldOrTheNewContent) {
+    int kills = 0;
     for (const Place& place : replacing()) {
         SCOPED_TRACE(place.name);
         const fs::path beside = place.target.parent_path();
@@ -151,7 +155,9 @@ TEST_F(SaveFaultsTest, AKillLeavesTheOldOrTheNewContent) {
         EXPECT_GT(leftOld, 10);
         EXPECT_GT(leftNew, 5);
         EXPECT_GT(leftTemporary, 5);
+        kills += leftOld + leftNew - 1; // the last one ended by itself
     }
+    RecordProperty("kills", kills);
 }
 
 TEST_F(SaveFaultsTest, AFailingCallLeavesTheOldOrTheNewContent) {
