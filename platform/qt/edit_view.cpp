@@ -10,7 +10,6 @@
 #include "window/frm_quillet.h"
 
 #include <QApplication>
-#include <QBackingStore>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -136,7 +135,6 @@ void EditView::timerEvent(QTimerEvent* event) {
         return;
     caretOn_ = !caretOn_;
     viewport()->update(caretRect());
-    idleTimer_.start(0, this);
 }
 
 void EditView::keyPressEvent(QKeyEvent* event) {
@@ -265,21 +263,8 @@ void EditView::settle() {
 }
 
 void EditView::catchUp() {
-    if (box_.catchUp())
-        return;
-    idleTimer_.stop();
-    awaitPicture();
-}
-
-// Before it paints where it has painted last, the toolkit waits until the X server has read that.
-// Here the wait is over before the next key comes.
-void EditView::awaitPicture() const {
-    QBackingStore* picture = window()->backingStore();
-    if (qGuiApp->nativeInterface<QNativeInterface::QX11Application>() == nullptr ||
-        picture == nullptr || picture->paintDevice() == nullptr)
-        return; // elsewhere this would begin a new picture; or none has been painted yet
-    picture->beginPaint(window()->rect());
-    picture->endPaint();
+    if (!box_.catchUp())
+        idleTimer_.stop();
 }
 
 void EditView::showCaret() {
@@ -316,12 +301,11 @@ void EditView::updateLines(Position first, Position last) {
 
 // Only from the change on, and with an insertion only to the end of the line.
 void EditView::updateInLine(const TextChange& change) {
+    const int reach = LinePainter::reach(font_);
     const Position line = change.lines.first;
     const Position end = box_.lineEnd(line);
-    const GlyphString moved = box_.lineText(line).substr(change.at - box_.lines().lineStart(line));
-    const int overhang = std::max(font_.overhang(moved), font_.overhang(change.removed));
-    const int left = margin + box_.xOf(change.at) / advancePerPixel - overhang;
-    const int right = change.removed.empty() ? margin + box_.xOf(end) / advancePerPixel + overhang
+    const int left = margin + box_.xOf(change.at) / advancePerPixel - reach;
+    const int right = change.removed.empty() ? margin + box_.xOf(end) / advancePerPixel + reach
                                              : viewport()->width();
     viewport()->update(left, yOfLine(line), right - left, font_.lineHeight());
 }

@@ -66,7 +66,6 @@ class EditView : public QAbstractScrollArea, private EditBoxObserver {
     void askToSettle();
     void settle();
     void catchUp();
-    void awaitPicture() const;
     void showCaret();
     void restartBlinking();
     void updateScrollBar();

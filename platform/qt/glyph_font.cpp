@@ -3,6 +3,7 @@
 #include "platform/qt/text_codec.h"
 
 #include <QFontMetricsF>
+#include <QRawFont>
 
 #include <algorithm>
 #include <cmath>
@@ -21,15 +22,12 @@ QFont fontOf(const EditBox& box) {
 }
 
 // All at once: one by one each would be laid out as a text.
-QList<quint32> shapesOf(const QRawFont& font, const GlyphCharacters& characters) {
+std::array<Advance, 256> advancesOf(const QFont& font, const GlyphCharacters& characters) {
     QString measured;
     for (int code = 0; code < 256; ++code)
         measured += characters.measured(static_cast<char>(code));
-    return font.glyphIndexesForString(measured);
-}
-
-std::array<Advance, 256> advancesOf(const QRawFont& font, const QList<quint32>& shapes) {
-    const auto widths = font.advancesForGlyphIndexes(shapes);
+    const QRawFont raw = QRawFont::fromFont(font);
+    const auto widths = raw.advancesForGlyphIndexes(raw.glyphIndexesForString(measured));
     std::array<Advance, 256> advances{};
     std::transform(widths.begin(), widths.end(), advances.begin(), [](const QPointF& width) {
         return std::max(0, static_cast<Advance>(std::lround(width.x() * advancePerPixel)));
@@ -41,33 +39,11 @@ std::array<Advance, 256> advancesOf(const QRawFont& font, const QList<quint32>& 
 
 GlyphFont::GlyphFont(const EditBox& box)
     : font_(fontOf(box)),
-      rawFont_(QRawFont::fromFont(font_)),
       characters_(font_),
-      shapes_(shapesOf(rawFont_, characters_)),
-      advances_(advancesOf(rawFont_, shapes_)) {
+      advances_(advancesOf(font_, characters_)) {
     const QFontMetricsF metrics(font_);
     ascent_ = static_cast<int>(std::ceil(metrics.ascent()));
     lineHeight_ = std::max(1, ascent_ + static_cast<int>(std::ceil(metrics.descent())));
-}
-
-// Found at the first use: to ask for all of them takes longer than a start may.
-int GlyphFont::overhang(char glyph) const {
-    int& overhang = overhangs_[glyphCode(glyph)];
-    if (overhang == 0) {
-        const QRectF ink = rawFont_.boundingRect(shape(glyph));
-        const double width = static_cast<double>(advances_[glyphCode(glyph)]) / advancePerPixel;
-        const int slant = lineHeight_ / 4; // of an italic that the toolkit makes
-        overhang =
-            slant + static_cast<int>(std::ceil(std::max({1.0, -ink.left(), ink.right() - width})));
-    }
-    return overhang;
-}
-
-int GlyphFont::overhang(GlyphView text) const {
-    int most = 0;
-    for (const char glyph : text)
-        most = std::max(most, overhang(glyph));
-    return most;
 }
 
 LineMetrics GlyphFont::lineMetrics(int width) const {

@@ -1,10 +1,8 @@
 #include "platform/qt/line_painter.h"
 
-#include <QGlyphRun>
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 
 namespace quillet {
 
@@ -15,7 +13,9 @@ LinePainter::LinePainter(QPainter& painter, const EditBox& box, const GlyphFont&
       font_(font),
       palette_(palette),
       group_(group),
-      area_(area) {}
+      area_(area) {
+    painter_.setFont(font.font());
+}
 
 void LinePainter::paint(Position line, QPointF at) {
     origin_ = at;
@@ -32,6 +32,19 @@ void LinePainter::measure(Position line) {
     offsets_.assign(1, 0);
     for (const char glyph : text_)
         offsets_.push_back(box_.lines().advanceFrom(offsets_.back(), glyph));
+    chooseWords();
+}
+
+// Whole words, within which glyphs change each other's look.
+void LinePainter::chooseWords() {
+    const auto indexAt = [this](double x) {
+        const double offset = (x - origin_.x()) * advancePerPixel;
+        const auto found = std::lower_bound(offsets_.begin(), offsets_.end(), offset);
+        return std::min(static_cast<std::size_t>(found - offsets_.begin()), text_.size());
+    };
+    const auto blank = text_.rfind(' ', indexAt(area_.left() - reach(font_)));
+    first_ = blank == GlyphString::npos ? 0 : blank;
+    last_ = std::min(text_.find(' ', indexAt(area_.right() + reach(font_))), text_.size());
 }
 
 // The selected text is painted over once more, because glyphs reach beyond their own width.
@@ -55,57 +68,27 @@ void LinePainter::paintSelection(Position line) {
 
 void LinePainter::paintText(const QColor& color) {
     painter_.setPen(color);
-    for (std::size_t at = 0; at < text_.size(); ++at) {
-        if (!isInSight(at))
+    std::size_t from = first_;
+    for (std::size_t at = first_; at < last_; ++at) {
+        if (font_.characters().isDrawn(text_[at]))
             continue;
-        if (font_.characters().isDrawn(text_[at])) {
-            shapes_.push_back(font_.shape(text_[at]));
-            places_.emplace_back(static_cast<double>(offsets_[at]) / advancePerPixel, 0);
+        paintPart(from, at);
+        from = at + 1;
+        if (text_[at] == '\t')
             continue;
-        }
-        paintGlyphs(at);
-        if (text_[at] != '\t')
-            paintFrame(at);
+        const double left = xAt(start_ + static_cast<Position>(at));
+        const double right = xAt(start_ + static_cast<Position>(from));
+        const double height = font_.ascent() / 2.0;
+        painter_.drawRect(QRectF(left + 1, origin_.y() + height, right - left - 2, height));
     }
-    paintGlyphs(text_.size());
+    paintPart(from, last_);
 }
 
-// Each where the table of advances says; the toolkit's own text layout would take most of the time
-// that a key needs to be seen.
-void LinePainter::paintGlyphs(std::size_t end) {
-    if (shapes_.empty())
+void LinePainter::paintPart(std::size_t from, std::size_t to) {
+    if (from == to)
         return;
-    const QPointF baseline = origin_ + QPointF(0, font_.ascent());
-    QGlyphRun run;
-    run.setRawFont(font_.rawFont());
-    run.setRawData(shapes_.data(), places_.data(), static_cast<int>(shapes_.size()));
-    painter_.drawGlyphRun(baseline, run);
-    paintUnderline(baseline.x() + places_.front().x(), xAt(start_ + static_cast<Position>(end)));
-    shapes_.clear();
-    places_.clear();
-}
-
-// Where the toolkit's text layout has it; that of a glyph run it puts elsewhere.
-void LinePainter::paintUnderline(double left, double right) {
-    if (!font_.font().underline())
-        return;
-    const double thickness = font_.rawFont().lineThickness();
-    const double middle = std::ceil(font_.rawFont().underlinePosition()) + 0.5;
-    const double top = origin_.y() + font_.ascent() + middle - thickness / 2;
-    painter_.fillRect(QRectF(left, top, right - left, thickness), painter_.pen().color());
-}
-
-void LinePainter::paintFrame(std::size_t at) {
-    const auto place = start_ + static_cast<Position>(at);
-    const double left = xAt(place);
-    const double height = font_.ascent() / 2.0;
-    painter_.drawRect(QRectF(left + 1, origin_.y() + height, xAt(place + 1) - left - 2, height));
-}
-
-bool LinePainter::isInSight(std::size_t at) const {
-    const auto place = start_ + static_cast<Position>(at);
-    const int overhang = font_.overhang(text_[at]);
-    return xAt(place) - overhang <= area_.right() && xAt(place + 1) + overhang >= area_.left();
+    const QPointF baseline(xAt(start_ + static_cast<Position>(from)), origin_.y() + font_.ascent());
+    painter_.drawText(baseline, font_.characters().of(GlyphView(text_).substr(from, to - from)));
 }
 
 double LinePainter::xAt(Position place) const {
