@@ -83,8 +83,12 @@ class KeysOfFocus : public QAbstractNativeEventFilter {
     bool isByMenu(const xcb_focus_in_event_t& event) {
         if (event.mode == XCB_NOTIFY_MODE_GRAB)
             return QApplication::activePopupWidget() != nullptr;
-        if (event.response_type == XCB_FOCUS_IN && event.detail != XCB_NOTIFY_DETAIL_POINTER)
+        if (event.detail == XCB_NOTIFY_DETAIL_POINTER)
+            return false;
+        if (event.response_type == XCB_FOCUS_IN)
             focus_ = event.event;
+        else if (event.event == focus_)
+            focus_ = XCB_NONE; // it may be gone before another window has the focus
         return false;
     }
 
