@@ -88,7 +88,12 @@ TEST(Icons, GiveEveryImageAPictureOfItsOwnInEverySize) {
     }
 }
 
+struct OpenFontsOffered {
+    OpenFontsOffered() { offerOpenFonts(); }
+};
+
 struct View : ::testing::Test {
+    OpenFontsOffered before; // any window
     TestWindow form;
     MainWindow window{form};
 
@@ -129,7 +134,6 @@ TEST_F(View, PaintsTextAndFollowsTheCaret) {
 
 // Random edits leave the same pixels behind as painting the whole window does.
 TEST_F(View, RepaintsAllThatAChangeTouches) {
-    offerOpenFonts();
     EditBox& box = form.txtMain;
     window.activateWindow();
     box.Text("first\r\n\r\nthird \x01\t\xAD line\r\n" + GlyphString(300, 'w'));
@@ -170,7 +174,6 @@ TEST_F(View, RepaintsAllThatAChangeTouches) {
 
 // Ligatures, and signs that make room for each other.
 TEST_F(View, PaintsWordsAsTheFontShapesThem) {
-    offerOpenFonts();
     form.txtMain.Text("gSa esa gqbZ d`ik\r\n");
     form.txtMain.SelStart(form.txtMain.length()); // with the caret elsewhere
     const QImage seen = image();
@@ -187,7 +190,6 @@ TEST_F(View, PaintsWordsAsTheFontShapesThem) {
 // With every font, a line is as wide as its glyphs in the table of advances, give or take the
 // rounding of each.
 TEST_F(View, PaintedTextIsAsWideAsTheTableSays) {
-    offerOpenFonts();
     const GlyphString words = "fganh Hkk\"kk f'k{kk ns'k dk;Z fo|ky; L=h \xD8k\xAD s";
     for (const char* name : {"Kruti Dev 010", "Kruti Dev 020", "Arial"}) {
         for (const int style : {0, 1, 2, 3}) {
