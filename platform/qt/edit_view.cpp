@@ -154,6 +154,7 @@ void EditView::focusInEvent(QFocusEvent* event) {
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
     keyboard_.focusGained(fromMenu ? FocusFrom::Menu : FocusFrom::Elsewhere);
     restartBlinking();
+    viewport()->update(caretRect());
 }
 
 void EditView::focusOutEvent(QFocusEvent* /*event*/) {
@@ -256,8 +257,11 @@ void EditView::settle() {
         updateSelection(shownSelection_);
     }
     showCaret();
-    viewport()->update(shownCaret_);
-    shownCaret_ = caretRect();
+    if (shownCaret_ != caretRect()) { // most releases change nothing and need no repaint
+        viewport()->update(shownCaret_);
+        shownCaret_ = caretRect();
+        viewport()->update(shownCaret_);
+    }
     restartBlinking();
     idleTimer_.start(0, this);
 }
@@ -278,10 +282,11 @@ void EditView::showCaret() {
 
 void EditView::restartBlinking() {
     const int period = QGuiApplication::styleHints()->cursorFlashTime();
-    caretOn_ = true;
     if (hasFocus() && period > 0)
         blinkTimer_.start(period / 2, this);
-    viewport()->update(caretRect());
+    if (!caretOn_)
+        viewport()->update(caretRect());
+    caretOn_ = true;
 }
 
 void EditView::updateScrollBar() {
