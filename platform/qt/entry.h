@@ -1,4 +1,4 @@
-// The one way from an event of the toolkit into the program.
+// The one way from an event of the toolkit to the program's keys and commands.
 #pragma once
 
 #include <functional>
