@@ -136,12 +136,21 @@ TEST_F(View, PaintsTextAndFollowsTheCaret) {
 TEST_F(View, RepaintsAllThatAChangeTouches) {
     EditBox& box = form.txtMain;
     window.activateWindow();
-    box.Text("first\r\n\r\nthird \x01\t\xAD line\r\n" + GlyphString(300, 'w'));
+    GlyphString text = "first\r\n\r\nthird \x01\t\xAD line\r\n" + GlyphString(300, 'w');
+    for (int line = 0; line < 40; ++line)
+        text += "\r\nlow \xEAw \xEBw \xECw \xEDw";
+    box.Text(text);
+    QScrollBar* bar = window.findChild<QAbstractScrollArea*>()->verticalScrollBar();
     std::minstd_rand random;
     const auto upTo = [&random](Position most) {
         return std::uniform_int_distribution<Position>(0, most)(random);
     };
     const auto place = [&] { return upTo(box.length()); };
+    const auto top = [&] { return box.lines().lineStart(bar->value()); };
+    const auto settle = [] {
+        QApplication::processEvents();
+        QApplication::processEvents(); // what the view posts to itself, and then the repaint
+    };
     const std::function<void()> edits[] = {
         [&] { box.keyPress('i', 0); },
         [&] { box.keyPress('f', 0); }, // the short i, whose hook reaches over what follows
@@ -154,6 +163,20 @@ TEST_F(View, RepaintsAllThatAChangeTouches) {
         [&] { box.select({.anchor = place(), .caret = place()}); },
         [&] { box.undo(); },
         [&] { box.redo(); },
+        [&] { bar->setValue(bar->value() + upTo(6) - 3); },
+        [&] { box.select({.anchor = 0, .caret = top() + 1}); },
+        [&] {
+            box.SelStart(top());
+            settle();
+            bar->setValue(bar->value() + 1);
+        },
+        [&] {
+            box.SelStart(0);
+            box.SelText("moves what follows");
+            box.select({.anchor = place(), .caret = place()});
+            settle();
+            box.undo();
+        },
         [&] { box.SelText(GlyphString(1, static_cast<char>(upTo(255)))); },
         [&] {
             box.FontName(std::array{"Kruti Dev 010", "Kruti Dev 020", "Arial"}[upTo(2)]);
@@ -165,8 +188,7 @@ TEST_F(View, RepaintsAllThatAChangeTouches) {
     for (int step = 0; step < 500; ++step) {
         const auto edit = static_cast<std::size_t>(upTo(std::size(edits) - 1));
         edits[edit]();
-        QApplication::processEvents();
-        QApplication::processEvents(); // what the view posts to itself, and then the repaint
+        settle();
         ASSERT_EQ(window.screen()->grabWindow(window.winId()).toImage(), window.grab().toImage())
             << "step " << step << ", edit " << edit;
     }

@@ -26,7 +26,7 @@
 namespace quillet {
 namespace {
 
-// Room at the edges for what glyphs draw outside their own width.
+// Room for what glyphs draw outside their own box, at the edges as between the lines.
 constexpr int margin = 4;
 
 // Comes before the repaint that is pending, and after all changes of one event.
@@ -104,10 +104,9 @@ void EditView::paint(const QRect& area) {
     QPainter painter(viewport());
     painter.fillRect(area, colors.color(group, QPalette::Base));
     LinePainter lines(painter, box_, font_, colors, group, area);
-    // With a line more above and below, because glyphs reach into their neighbours.
-    const Position first = std::max(lineAt(area.top()) - 1, topLine() - 1);
-    const Position last = std::min(lineAt(area.bottom()) + 1, box_.lines().lineCount() - 1);
-    for (Position line = std::max(first, 0); line <= last; ++line)
+    const Position first = std::max(lineAt(area.top() - margin), 0);
+    const Position last = std::min(lineAt(area.bottom() + margin), box_.lines().lineCount() - 1);
+    for (Position line = first; line <= last; ++line)
         lines.paint(line, QPointF(margin, yOfLine(line)));
     const QColor caretColor = colors.color(group, QPalette::Text);
     if (caretOn_ && hasFocus())
@@ -126,6 +125,7 @@ void EditView::scrollContentsBy(int /*dx*/, int dy) {
         viewport()->scroll(0, dy * font_.lineHeight());
     else
         viewport()->update();
+    viewport()->update(shownCaret_); // outside the lines none is painted
 }
 
 void EditView::timerEvent(QTimerEvent* event) {
@@ -185,6 +185,8 @@ void EditView::textChanged(const TextChange& change) {
         updateInLine(change);
     else
         linesChanged(change.lines);
+    if (!shownSelection_.isEmpty())
+        viewport()->update(); // what was selected may stand elsewhere now
     askToSettle();
     tellTextChange(*this, change);
 }
@@ -269,6 +271,8 @@ void EditView::settle() {
 void EditView::catchUp() {
     if (!box_.catchUp())
         idleTimer_.stop();
+    if (!settlePending_)
+        shownCaret_ = caretRect(); // which lines that have come above it have moved
 }
 
 void EditView::showCaret() {
@@ -297,11 +301,11 @@ void EditView::updateScrollBar() {
 
 void EditView::updateLines(Position first, Position last) {
     const Position top = topLine();
-    const Position from = std::max(first, top);
+    const Position from = std::max(first, top - 1);
     const Position to = std::min(last, top + visibleLines());
     if (from <= to)
-        viewport()->update(0, yOfLine(from), viewport()->width(),
-                           (to - from + 1) * font_.lineHeight());
+        viewport()->update(0, yOfLine(from) - margin, viewport()->width(),
+                           (to - from + 1) * font_.lineHeight() + 2 * margin);
 }
 
 // Only from the change on, and with an insertion only to the end of the line.
@@ -312,7 +316,7 @@ void EditView::updateInLine(const TextChange& change) {
     const int left = margin + box_.xOf(change.at) / advancePerPixel - reach;
     const int right = change.removed.empty() ? margin + box_.xOf(end) / advancePerPixel + reach
                                              : viewport()->width();
-    viewport()->update(left, yOfLine(line), right - left, font_.lineHeight());
+    viewport()->update(left, yOfLine(line) - margin, right - left, font_.lineHeight() + 2 * margin);
 }
 
 // What has been typed is seen at once, before anything else that waits.
@@ -340,12 +344,11 @@ Position EditView::visibleLines() const {
 }
 
 Position EditView::lineAt(int y) const {
-    return topLine() + std::max(0, y - margin) / font_.lineHeight();
+    return y < margin ? topLine() - 1 : topLine() + (y - margin) / font_.lineHeight();
 }
 
 Position EditView::placeAt(QPoint point) const {
-    const int above = point.y() < margin ? 1 : 0;
-    const Position line = std::clamp(lineAt(point.y()) - above, 0, box_.lines().lineCount() - 1);
+    const Position line = std::clamp(lineAt(point.y()), 0, box_.lines().lineCount() - 1);
     return box_.placeAt(line, (point.x() - margin) * advancePerPixel);
 }
 
