@@ -2,6 +2,10 @@
 #pragma once
 
 #include "base/glyph_string.h"
+#include "platform/posix/posix_files.h"
+#include "tests/shell.h"
+
+#include <array>
 
 namespace quillet {
 
@@ -19,5 +23,17 @@ inline GlyphString prose(std::size_t size) {
     }
     return text;
 }
+
+/// A file with a text, in a folder of its own.
+class DocumentFile {
+  public:
+    explicit DocumentFile(GlyphView text) { PosixFiles().write(path_, std::array{text}); }
+
+    const std::string& path() const { return path_; }
+
+  private:
+    TempFolder folder_;
+    std::string path_ = folder_.path / "prose.qlt";
+};
 
 } // namespace quillet

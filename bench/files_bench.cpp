@@ -1,12 +1,10 @@
 // What a save costs beside writing and flushing the same bytes.
 #include "bench/documents.h"
 #include "bench/samples.h"
-#include "platform/posix/posix_files.h"
 
 #include <array>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <unistd.h>
 
 namespace quillet {
@@ -27,21 +25,20 @@ void writeAndFlush(const std::string& path, GlyphView text) {
 // Both in turns, over existing files, because a disk is not equally fast at all times.
 void save(benchmark::State& state) {
     const GlyphString text = prose(static_cast<std::size_t>(state.range(0)));
-    const std::string path = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
+    const DocumentFile file(text);
     PosixFiles files;
     std::vector<double> bare;
     std::vector<double> saved;
     for ([[maybe_unused]] auto _ : state) {
         const auto start = Clock::now();
-        writeAndFlush(path, text);
+        writeAndFlush(file.path(), text);
         const auto between = Clock::now();
-        files.write(path, std::array{GlyphView(text)});
+        files.write(file.path(), std::array{GlyphView(text)});
         const auto end = Clock::now();
         bare.push_back(std::chrono::duration<double>(between - start).count());
         saved.push_back(std::chrono::duration<double>(end - between).count());
         state.SetIterationTime(saved.back());
     }
-    std::filesystem::remove(path);
     state.counters["ratio"] = quantile(saved, 0.5) / quantile(bare, 0.5);
 }
 

@@ -3,10 +3,10 @@
 #include "output/pdf_writer.h"
 #include "platform/posix/posix_files.h"
 #include "tests/fake_desktop.h"
+#include "tests/shell.h"
 
 #include <array>
 #include <cstdlib>
-#include <filesystem>
 #include <map>
 
 namespace quillet {
@@ -14,9 +14,9 @@ namespace {
 
 constexpr int lineCount = 22'000; // about as many as a PDF of 60 a page can have
 
-const std::string folder = std::filesystem::temp_directory_path();
-const std::string source = folder + "/quillet-bench.txt";
-const std::string target = folder + "/quillet-bench.pdf";
+const TempFolder folder;
+const std::string source = folder.path / "lines.txt";
+const std::string target = folder.path / "lines.pdf";
 
 struct Peer {
     const char* counter;
@@ -76,8 +76,6 @@ void convertToPdf(benchmark::State& state) {
         own.push_back(secondsOf([&] { convert(files); }));
         state.SetIterationTime(own.back());
     }
-    std::filesystem::remove(source);
-    std::filesystem::remove(target);
     state.counters["lines_per_s"] = lineCount / quantile(own, 0.5);
     for (const auto& [peer, times] : others)
         state.counters[peer->counter] = quantile(times, 0.5) / quantile(own, 0.5);

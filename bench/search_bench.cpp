@@ -2,14 +2,11 @@
 #include "bench/documents.h"
 #include "bench/memory.h"
 #include "bench/samples.h"
-#include "platform/posix/posix_files.h"
 #include "search/text_search.h"
 #include "tests/test_window.h"
 
-#include <array>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <optional>
 
 namespace quillet {
@@ -62,22 +59,8 @@ void measure(benchmark::State& state, const std::vector<Peer>& peers, Prepare pr
         state.counters[peer.counter] = peer.seconds / median;
 }
 
-// A file with the document for the tools.
-class DocumentFile {
-  public:
-    DocumentFile() { PosixFiles().write(path_, std::array{GlyphView(prose(size))}); }
-    DocumentFile(const DocumentFile&) = delete;
-    DocumentFile& operator=(const DocumentFile&) = delete;
-    ~DocumentFile() { std::filesystem::remove(path_); }
-
-    const std::string& path() const { return path_; }
-
-  private:
-    std::string path_ = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
-};
-
 Peer wordCount() {
-    const DocumentFile file;
+    const DocumentFile file(prose(size)); // for the tools
     return {"times_wc", secondsOf("wc -w <" + file.path() + " >/dev/null")};
 }
 
@@ -111,7 +94,7 @@ void findNothing(benchmark::State& state) {
 
 // Each time on a document of its own, as nothing that was taken back before takes up memory.
 void replaceEverywhere(benchmark::State& state) {
-    const DocumentFile file;
+    const DocumentFile file(prose(size)); // for the tools
     const std::string rest = std::string(replacement) + " <" + file.path() + " >/dev/null";
     const std::vector<Peer> peers = {{"times_perl", secondsOf("perl -0777 -pe " + rest)},
                                      {"times_sed", secondsOf("LC_ALL=C sed " + rest)}};

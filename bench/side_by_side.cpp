@@ -1,24 +1,11 @@
 #include "bench/side_by_side.h"
 
-#include <benchmark/benchmark.h>
-
-#include <algorithm>
+#include "bench/samples.h"
 
 namespace quillet {
-namespace {
-
-using Series = std::vector<double>;
-
-double quantile(Series series, double share) {
-    const auto at = static_cast<std::ptrdiff_t>(share * static_cast<double>(series.size()));
-    std::nth_element(series.begin(), series.begin() + at, series.end());
-    return series[static_cast<std::size_t>(at)];
-}
-
-} // namespace
 
 void measureSideBySide(const std::string& name, const std::vector<Subject>& subjects, int rounds) {
-    std::vector<Series> all(subjects.size());
+    std::vector<std::vector<double>> all(subjects.size());
     for (int round = 0; round < rounds; ++round)
         for (std::size_t i = 0; i < subjects.size(); ++i)
             all[i].push_back(subjects[i].measure());

@@ -1,5 +1,5 @@
-// What the window costs inside the process: from an event to its painted consequences, beside a
-// plain text widget of the toolkit.
+// What the window costs inside the process: from an event to its painted consequences, beside the
+// toolkit's own text box.
 #include "bench/documents.h"
 #include "bench/memory.h"
 #include "bench/samples.h"
@@ -14,7 +14,6 @@
 #include <QPlainTextEdit>
 
 #include <cstdlib>
-#include <filesystem>
 
 namespace quillet {
 namespace {
@@ -38,7 +37,7 @@ struct OurWindow {
     bool isAtRest() const { return form.txtMain.lines().isSettled(); }
 };
 
-struct BareWindow {
+struct TextBoxWindow {
     QPlainTextEdit window;
 
     QAbstractScrollArea& view() { return window; }
@@ -142,8 +141,8 @@ void keyAfterAJump(benchmark::State& state) {
     keyToLines<OurWindow>(state, Place::AfterJump);
 }
 
-void keyInBareWidget(benchmark::State& state) {
-    keyToLines<BareWindow>(state, Place::Start);
+void keyInTextBox(benchmark::State& state) {
+    keyToLines<TextBoxWindow>(state, Place::Start);
 }
 
 void jumpToPaint(benchmark::State& state) {
@@ -174,21 +173,14 @@ void keyInHugeParagraph(benchmark::State& state) {
     }
 }
 
-std::string documentFile(std::size_t size) {
-    std::string path = std::filesystem::temp_directory_path() / "quillet-bench.qlt";
-    const GlyphString text = prose(size);
-    PosixFiles().write(path, std::array{GlyphView(text)});
-    return path;
-}
-
 void openToFirstPage(benchmark::State& state) {
     const std::size_t size = documentSize(state);
-    const std::string path = documentFile(size);
+    const DocumentFile file(prose(size));
     Samples samples(state);
     double most = 0;
     for ([[maybe_unused]] auto _ : state) {
         Stage<OurWindow> stage;
-        stage.desktop.choices.emplace_back(path);
+        stage.desktop.choices.emplace_back(file.path());
         resetPeak();
         const double before = statusMegabytes("VmRSS:");
         samples.add(stage.timeToPaint([&] { stage.form.mnuOpen_Click(); }));
@@ -196,14 +188,13 @@ void openToFirstPage(benchmark::State& state) {
         most = std::max(most, statusMegabytes("VmHWM:") - before);
     }
     state.counters["peak_per_byte"] = most * megabyte / static_cast<double>(size);
-    std::filesystem::remove(path);
 }
 
-void openInBareWidget(benchmark::State& state) {
+void openInTextBox(benchmark::State& state) {
     const GlyphString text = prose(documentSize(state));
     Samples samples(state);
     for ([[maybe_unused]] auto _ : state) {
-        Stage<BareWindow> stage;
+        Stage<TextBoxWindow> stage;
         samples.add(stage.timeToPaint([&] { stage.load(text); }));
     }
 }
@@ -240,11 +231,11 @@ void measure(const char* name, void (*work)(benchmark::State&), int rounds,
 
 void measureAll() {
     measure("open to first page", openToFirstPage, 10, {100});
-    measure("open in bare widget", openInBareWidget, 1, {10});
+    measure("open in text box", openInTextBox, 1, {10});
     measure("key at the start", keyAtTheStart, 500, {1, 10, 100});
     measure("key in the middle", keyInTheMiddle, 500, {1, 10, 100});
     measure("key after a jump", keyAfterAJump, 100, {1, 10, 100});
-    measure("key in bare widget", keyInBareWidget, 100, {1, 10});
+    measure("key in text box", keyInTextBox, 100, {1, 10});
     measure("jump from end to end", jumpToPaint, 50, {1, 10, 100});
     measure("wrap again", rewrap, 20, {100});
     measure("key in one paragraph", keyInHugeParagraph, 500, {10});
