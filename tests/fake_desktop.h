@@ -76,14 +76,13 @@ struct FakeDesktop : MessageBox,
     Answer show(const Message& message) override {
         constexpr const char* buttons[] = {"OK", "Yes/No", "Yes/No/Cancel"};
         constexpr const char* icons[] = {"", " (i)", " (!)"};
-        calls.push_back("ask " + message.text + " [" +
-                        buttons[static_cast<std::size_t>(message.buttons)] + "] " + message.title +
-                        icons[static_cast<std::size_t>(message.icon)]);
+        mayFail("ask " + message.text + " [" + buttons[static_cast<std::size_t>(message.buttons)] +
+                "] " + message.title + icons[static_cast<std::size_t>(message.icon)]);
         return next(answers, Answer::Ok);
     }
 
     std::string ask(const std::string& prompt, const std::string& title) override {
-        calls.push_back("input " + prompt + " [] " + title);
+        mayFail("input " + prompt + " [] " + title);
         return next(inputs, std::string());
     }
 
@@ -142,8 +141,8 @@ struct FakeDesktop : MessageBox,
     int ShellExecuteA(const std::string& operation, const std::string& file,
                       const std::string& parameters, const std::string& directory,
                       int showCommand) override {
-        calls.push_back(operation + " " + file + " '" + parameters + "' " + directory + " " +
-                        std::to_string(showCommand));
+        mayFail(operation + " " + file + " '" + parameters + "' " + directory + " " +
+                std::to_string(showCommand));
         return shellResult;
     }
     std::string programFolder() const override { return "/program"; }

@@ -47,7 +47,10 @@ struct FakePrinter : Printer {
         called();
         return glyphWidth * static_cast<float>(text.size());
     }
-    float TextHeight(GlyphView) override { return lineHeight; }
+    float TextHeight(GlyphView) override {
+        called();
+        return lineHeight;
+    }
 
     void Print(GlyphView text) override {
         called();

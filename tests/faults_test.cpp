@@ -1,4 +1,5 @@
-// Every command with each call that it makes of the desktop failing in turn.
+// Every command with each call failing in turn that it makes to boxes, dialogs, files, clipboard,
+// printer, shell and mail.
 #include "tests/test_window.h"
 #include "window/menu_table.h"
 #include "window/toolbar_table.h"
@@ -13,6 +14,13 @@ namespace {
 using Work = std::function<void(frmQuillet&)>;
 
 const char* const path = "/d/old.qlt";
+
+// Where the first call of these fails, the program ends with a report. All other calls are a step
+// left out.
+const std::set<std::string> beginsUnguarded = {
+    "mnuCut",      "mnuCopy",         "mnuPaste",   "mnuClose",      "mnuExit",
+    "mnuFontUsed", "mnuKeyboardUsed", "mnuWords",   "mnuCharacters", "mnuSentences",
+    "mnuSurfNews", "mnuTips",         "mnuLayouts", "mnuVisitSite"};
 
 // A changed document with a file, for which every dialog has an answer.
 void prepare(TestWindow& form) {
@@ -79,13 +87,12 @@ Outcome outcomeOf(const Work& run, int fault) {
 int injectFaults(const std::string& name, const Work& run) {
     const std::vector<std::string> before = outcomeOf([](auto&) {}, -1).values;
     const std::vector<std::string> after = outcomeOf(run, -1).values;
-    const bool mayPassOn = name == "mnuCut" || name == "mnuCopy" || name == "mnuPaste";
     for (int fault = 0;; ++fault) {
         SCOPED_TRACE(name + ", call " + std::to_string(fault));
         const Outcome outcome = outcomeOf(run, fault);
         if (!outcome.failed)
             return fault;
-        EXPECT_EQ(outcome.passedOn, mayPassOn);
+        EXPECT_EQ(outcome.passedOn, fault == 0 && beginsUnguarded.contains(name));
         for (std::size_t i = 0; i < before.size(); ++i)
             EXPECT_TRUE(outcome.values[i] == before[i] || outcome.values[i] == after[i])
                 << outcome.values[i];
@@ -99,7 +106,7 @@ TEST(Faults, LeaveEveryCommandInADescribedState) {
     for (const MenuRow& row : menuTable())
         if (row.command != nullptr)
             faults += injectFaults(row.name, row.command);
-    EXPECT_GT(faults, 40);
+    EXPECT_GT(faults, 60);
     RecordProperty("faults", faults);
 }
 

@@ -1,5 +1,5 @@
 // The Debian package: what is in it, what Debian's checkers say of it, and the program started
-// from a place that it was not built for.
+// from where it was built and from a place that it was not built for.
 #include "tests/desktop_session.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +41,9 @@ TEST_F(Package, PassesTheChecksOfDebian) {
         "desktop-file-validate --warn-kde applications/quillet.desktop",
         "test -f ../bin/$(sed -n s/^Exec=//p applications/*)",
         "test -f icons/hicolor/scalable/apps/$(sed -n s/^Icon=//p applications/*).svg",
+        "test -f icons/hicolor/scalable/mimetypes/application-x-quillet.svg",
+        "zcat man/man1/quillet.1.gz | grep -q Devanagari",
+        "grep -q '^License: OFL-1.1' doc/quillet/copyright",
         "appstreamcli validate --no-net metainfo/*.xml",
         "update-mime-database mime && grep -q ':application/x-quillet:\\*.qlt$' mime/globs2",
         "../libexec/quillet/quillet-browser; test $? = 2", // wants arguments
@@ -52,7 +55,7 @@ TEST_F(Package, PassesTheChecksOfDebian) {
     }
 }
 
-TEST_F(Package, RunsWhereItWasUnpacked) {
+TEST_F(Package, RunsWhereItWasBuiltAndWhereItWasUnpacked) {
     const std::string bin = temp->path / "bin";
     const std::string seen = temp->path / "seen";
     const std::string helper = root / "libexec/quillet/quillet-browser";
@@ -62,12 +65,17 @@ TEST_F(Package, RunsWhereItWasUnpacked) {
     writeScript(helper, tell); // the real one would go to the web
     setenv("PATH", (bin + ":" + getenv("PATH")).c_str(), 1);
 
-    DesktopSession session({.path = root / "bin/quillet"});
     const auto sees = [&](const std::string& text) {
         return waitUntil([&] { return output("cat " + seen).find(text) != std::string::npos; });
     };
-    session.send("key alt+h key h");
-    EXPECT_TRUE(sees("/xdg-open " + (root / "share/quillet/help/how_to_use_quillet.htm").string()));
+    const auto helps = [&](DesktopSession& session, const fs::path& help) {
+        session.send("key alt+h key h");
+        return sees("/xdg-open " + (help / "how_to_use_quillet.htm").string());
+    };
+    DesktopSession built;
+    EXPECT_TRUE(helps(built, fs::path(QUILLET_PROGRAM).parent_path() / "help"));
+    DesktopSession session({.path = root / "bin/quillet"});
+    EXPECT_TRUE(helps(session, root / "share/quillet/help"));
     session.send("key alt+w key Up key Return"); // the last entry of the menu
     ASSERT_TRUE(DesktopSession::waitForTitle("Quillet1.0"));
     session.send("key Return");

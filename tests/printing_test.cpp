@@ -82,7 +82,7 @@ TEST(WordWrap, LinesBreakAsDescribed) {
         {"a word that passes the limit", "a " + GlyphString(40000, 'w'), "2, error 6"},
         {"a tab without a width", "a\t", "1, error 11", {.glyphWidth = 0}},
         {"a tab too far to count", "a\t", "1, error 6", {.left = 900, .glyphWidth = 0.001F}},
-        {"a printer that fails", "a b", "1, error 7", {.fault = 9}},
+        {"a printer that fails", "a b", "1, error 7", {.fault = 10}},
         // clang-format on
     };
     for (const auto& row : rows)
