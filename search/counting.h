@@ -19,7 +19,7 @@ class Counting {
     std::string CountWords();
     std::string CountCharacters();
 
-    /// A lone line feed starts no line.
+    /// A lone line feed starts no line. No command shows it by itself.
     std::string CountLines() const;
 
     /// A danda at the end, before spaces or none, opens no further sentence.

@@ -15,7 +15,7 @@ benchPackages=(libbenchmark-dev libxcb-xtest0-dev libxcb-damage0-dev cups-filter
 testPackages=(libgtest-dev "${desktopTestPackages[@]}" "${readerTestPackages[@]}"
     "${printTestPackages[@]}" "${mailTestPackages[@]}" "${packagingTestPackages[@]}"
     "${fontPackages[@]}" "${benchPackages[@]}")
-ciPackages=(clang clang-format clang-tidy cppcheck gcovr libclang-rt-14-dev git)
+ciPackages=(clang clang-format clang-tidy cppcheck gcovr libclang-rt-14-dev)
 
 # Those of the given packages that are not installed, one a line.
 missingPackages() {

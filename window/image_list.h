@@ -10,7 +10,7 @@ struct ImageRow {
     const char* tag; // what the image stands for, where the key alone does not say it
 };
 
-/// `ImageList1` in its order. No button uses "Convert".
+/// `ImageList1` in its order. No button uses "Convert", and nothing shows the tags.
 inline constexpr std::array<ImageRow, 25> imageList = {{
     {"Underline", ""},
     {"Copy", ""},
