@@ -35,10 +35,6 @@ void populate(char* room, std::size_t count) {
 
 } // namespace
 
-GapBuffer::GapBuffer(GlyphView text) {
-    replace(0, 0, text);
-}
-
 GapBuffer::GapBuffer(GapBuffer&& other) noexcept
     : bytes_(std::move(other.bytes_)),
       capacity_(std::exchange(other.capacity_, 0)),
@@ -51,44 +47,6 @@ GapBuffer& GapBuffer::operator=(GapBuffer&& other) noexcept {
     gapStart_ = std::exchange(other.gapStart_, 0);
     gapEnd_ = std::exchange(other.gapEnd_, 0);
     return *this;
-}
-
-GapBuffer::Spans GapBuffer::spans(std::size_t at, std::size_t count) const {
-    const std::size_t before = at < gapStart_ ? std::min(count, gapStart_ - at) : 0;
-    const std::size_t behind = count - before;
-    const GlyphView first = before != 0 ? GlyphView(bytes_.get() + at, before) : GlyphView();
-    if (behind == 0)
-        return {first, GlyphView()};
-    return {first, GlyphView(bytes_.get() + at + before + gapSize(), behind)};
-}
-
-GlyphString GapBuffer::copy(std::size_t at, std::size_t count) const {
-    GlyphString text;
-    text.reserve(count);
-    for (const GlyphView part : spans(at, count))
-        text.append(part);
-    return text;
-}
-
-bool operator==(const GapBuffer& one, const GapBuffer& other) {
-    if (one.size() != other.size())
-        return false;
-    std::size_t same = 0;
-    while (same < one.size()) {
-        const GlyphView mine = one.contiguousFrom(same);
-        const GlyphView theirs = other.contiguousFrom(same);
-        const std::size_t count = std::min(mine.size(), theirs.size());
-        if (mine.substr(0, count) != theirs.substr(0, count))
-            return false;
-        same += count;
-    }
-    return true;
-}
-
-// The bytes from `at`, which is below `size()`, to the gap or else to the end.
-GlyphView GapBuffer::contiguousFrom(std::size_t at) const {
-    const Spans parts = spans(at, size() - at);
-    return parts[0].empty() ? parts[1] : parts[0];
 }
 
 void GapBuffer::replace(std::size_t at, std::size_t removed, GlyphView inserted) {

@@ -1,9 +1,8 @@
-// The storage of a document's text.
+// A piece of a document's text.
 #pragma once
 
 #include "base/glyph_string.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -14,11 +13,7 @@ namespace quillet {
 /// what it inserts. Growing never copies more than the bytes behind the gap. Sizes are in bytes.
 class GapBuffer {
   public:
-    /// The bytes of a range in order: the part before the gap and the part behind it.
-    using Spans = std::array<GlyphView, 2>;
-
     GapBuffer() = default;
-    explicit GapBuffer(GlyphView text);
     GapBuffer(GapBuffer&& other) noexcept;
     GapBuffer& operator=(GapBuffer&& other) noexcept;
 
@@ -29,16 +24,14 @@ class GapBuffer {
         return bytes_.get()[at < gapStart_ ? at : at + gapSize()];
     }
 
-    /// The `count` bytes from `at`; both stay valid until the next change.
-    Spans spans(std::size_t at, std::size_t count) const;
-    Spans spans() const { return spans(0, size()); }
+    /// The bytes from `at` to the gap or else to the end, valid until the next change.
+    GlyphView contiguous(std::size_t at) const {
+        return at < gapStart_ ? GlyphView(bytes_.get() + at, gapStart_ - at)
+                              : GlyphView(bytes_.get() + at + gapSize(), size() - at);
+    }
 
-    GlyphString copy(std::size_t at, std::size_t count) const;
-
-    friend bool operator==(const GapBuffer& one, const GapBuffer& other);
-
-    /// Replaces `removed` bytes from `at`. Without memory it throws and changes nothing.
-    /// `inserted` must not point into this buffer.
+    /// Replaces `removed` bytes from `at`. Without memory it throws and changes nothing; what fits
+    /// where it stood before needs none. `inserted` must not point into this buffer.
     void replace(std::size_t at, std::size_t removed, GlyphView inserted);
 
     /// Brings the gap to `at` ahead of changes there. The text stays the same.
@@ -54,7 +47,6 @@ class GapBuffer {
         void operator()(char* bytes) const { std::free(bytes); }
     };
 
-    GlyphView contiguousFrom(std::size_t at) const;
     std::size_t gapSize() const { return gapEnd_ - gapStart_; }
     void ensureGap(std::size_t needed);
 

@@ -25,7 +25,7 @@ void prepare(TestWindow& window, std::int64_t size) {
     metrics.width = 800 * advancePerPixel;
     window.txtMain.setMetrics(metrics);
     const GlyphString text = prose(static_cast<std::size_t>(size));
-    window.txtMain.load(GapBuffer(text));
+    window.txtMain.load(TextBuffer(text));
     window.txtMain.SelStart(static_cast<Position>(text.size() / 2));
 }
 

@@ -18,7 +18,7 @@ constexpr const char* replacement = "'s/gS/Fkk/g'"; // of perl and sed
 
 struct Document : TestWindow {
     Document() {
-        txtMain.load(GapBuffer(prose(size)));
+        txtMain.load(TextBuffer(prose(size)));
         txtMain.SelStart(txtMain.length() / 2);
         while (txtMain.catchUp()) { // brings the gap there
         }
@@ -89,7 +89,7 @@ void findNothing(benchmark::State& state) {
     }
     measure(
         state, {{"times_memmem", best}}, [] {},
-        [&] { benchmark::DoNotOptimize(findText(form.txtMain.spans(), 0, what)); });
+        [&] { benchmark::DoNotOptimize(findText(form.txtMain.buffer(), 0, what)); });
 }
 
 // Each time on a document of its own, as nothing that was taken back before takes up memory.

@@ -33,7 +33,7 @@ struct OurWindow {
 
     OurWindow() { form.show(); }
     QAbstractScrollArea& view() { return *window.findChild<QAbstractScrollArea*>(); }
-    void load(GlyphView text) { form.txtMain.load(GapBuffer(text)); }
+    void load(GlyphView text) { form.txtMain.load(TextBuffer(text)); }
     bool isAtRest() const { return form.txtMain.lines().isSettled(); }
 };
 

@@ -22,7 +22,7 @@ std::string bodyWith(const EditBox& document) {
         "message and paste it on the page at ";
     body += newsSite;
     body += "/readhinditext.aspx\r\nHere goes the message:\r\n-----------------------\r\n";
-    for (const GlyphView part : document.spans())
+    for (const GlyphView part : document.buffer().spans())
         body += part;
     return body;
 }

@@ -48,7 +48,10 @@ struct PlainBox {
 
 class Edits {
   public:
-    Edits() { box_.setMetrics({.tabStop = 8, .width = 64}); }
+    Edits() {
+        box_.load(TextBuffer({}, fewGlyphs));
+        box_.setMetrics({.tabStop = 8, .width = 64});
+    }
 
     void run(Input input) {
         while (!input.isEmpty()) {
@@ -62,6 +65,10 @@ class Edits {
     }
 
   private:
+    // Of a chunk of the text: some changes cross chunks, and in others one chunk's storage grows.
+    static constexpr std::size_t fewGlyphs = 24;
+    static constexpr std::size_t manyGlyphs = 16384;
+
     void step(Input& input) {
         const std::uint8_t kind = input.byte() % 13;
         const Position place = input.upTo(box_.length());
@@ -76,7 +83,7 @@ class Edits {
             plain_.selection.anchor = place;
             return;
         case 2:
-            box_.Text(text);
+            box_.Text(TextBuffer(text, text.size() % 2 == 0 ? fewGlyphs : manyGlyphs));
             plain_.replace(0, static_cast<Position>(plain_.text.size()), text);
             plain_.selection = {};
             return;

@@ -43,7 +43,7 @@ void writeAndRead(GlyphView bytes, const std::string& name) {
         return; // no name for a file
     }
     check(files.exists(path), "what was written is there");
-    const GapBuffer read = files.read(path);
+    const TextBuffer read = files.read(path);
     check(read.copy(0, static_cast<Position>(read.size())) == bytes, "as it was written");
     fs::remove(path);
 }

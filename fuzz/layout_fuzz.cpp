@@ -17,7 +17,7 @@ LineMetrics metricsFrom(Input& input) {
     return metrics;
 }
 
-void checkSame(const LineLayout& layout, const LineMetrics& metrics, const GapBuffer& text) {
+void checkSame(const LineLayout& layout, const LineMetrics& metrics, const TextBuffer& text) {
     LineLayout full;
     full.setMetrics(metrics, text);
     check(layout.lineCount() == full.lineCount(), "as many lines");
@@ -28,7 +28,7 @@ void checkSame(const LineLayout& layout, const LineMetrics& metrics, const GapBu
 }
 
 // Lines that wait for `settle` fit all the same, and break only where lines may.
-void checkSound(const LineLayout& layout, const LineMetrics& metrics, const GapBuffer& text) {
+void checkSound(const LineLayout& layout, const LineMetrics& metrics, const TextBuffer& text) {
     const Position last = layout.lineCount() - 1;
     for (Position line = 0; line < last || (line == last && layout.isSettled()); ++line) {
         const Position start = layout.lineStart(line);
@@ -47,7 +47,7 @@ void checkSound(const LineLayout& layout, const LineMetrics& metrics, const GapB
 void run(Input input) {
     const LineMetrics metrics = metricsFrom(input);
     LineLayout layout(input.upTo(40)); // how far one change is followed
-    GapBuffer text;
+    TextBuffer text({}, 8);            // lines cross the chunks
     layout.setMetrics(metrics, text);
     while (!input.isEmpty()) {
         const auto size = static_cast<Position>(text.size());

@@ -1,6 +1,7 @@
 #include "output/pdf_writer.h"
 
 #include "base/run_time_error.h"
+#include "base/text_buffer.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
 
@@ -115,9 +116,9 @@ void CPdfWriter::BuildHeader() {
 // A line ends at a CR, with the LF behind it, or at the end of the file; no line is empty because
 // the file ends there. Any other LF is part of its line.
 void CPdfWriter::ReadSource() {
-    source_ = files_.read(SourceFile_);
-    source_.moveGap(source_.size());
-    GlyphView rest = source_.spans()[0];
+    const TextBuffer text = files_.read(SourceFile_);
+    source_ = text.copy(0, text.size());
+    GlyphView rest = source_;
     SourceLines_.clear();
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find('\r'), rest.size());

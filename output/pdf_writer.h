@@ -1,7 +1,7 @@
 // Plain text files turned into small PDF files.
 #pragma once
 
-#include "base/gap_buffer.h"
+#include "base/glyph_string.h"
 #include "base/int16.h"
 
 #include <cstdint>
@@ -79,7 +79,7 @@ class CPdfWriter {
 
     Files& files_;
     MessageBox& messageBox_;
-    GapBuffer source_; // what `SourceLines_` points into
+    GlyphString source_; // what `SourceLines_` points into
 
     std::string SourceFile_;
     std::string TargetFile_;

@@ -13,14 +13,14 @@ bool isWord(char glyph) {
 }
 
 template <class Test>
-Position skipLeft(const GapBuffer& text, Position at, Test test) {
+Position skipLeft(const TextBuffer& text, Position at, Test test) {
     while (at > 0 && test(text[at - 1]))
         --at;
     return at;
 }
 
 template <class Test>
-Position skipRight(const GapBuffer& text, Position at, Test test) {
+Position skipRight(const TextBuffer& text, Position at, Test test) {
     const auto size = static_cast<Position>(text.size());
     while (at < size && test(text[at]))
         ++at;
@@ -116,7 +116,7 @@ Position wordRight(const CaretContext& from) {
     return blanks == from.caret ? glyphRight(from) : blanks;
 }
 
-Selection wordAt(const GapBuffer& text, Position place) {
+Selection wordAt(const TextBuffer& text, Position place) {
     const bool atEnd = place == static_cast<Position>(text.size()) || endsLine(text[place]);
     if (atEnd && (place == 0 || endsLine(text[place - 1])))
         return {.anchor = place, .caret = place};
@@ -124,7 +124,7 @@ Selection wordAt(const GapBuffer& text, Position place) {
     return {.anchor = skipLeft(text, place, test), .caret = skipRight(text, place, test)};
 }
 
-Selection paragraphAt(const GapBuffer& text, Position place) {
+Selection paragraphAt(const TextBuffer& text, Position place) {
     const auto noBreak = [](char glyph) { return !endsLine(glyph); };
     const auto size = static_cast<Position>(text.size());
     const bool inPair = place > 0 && place < size && text[place - 1] == '\r' && text[place] == '\n';

@@ -1,8 +1,8 @@
 // Where keys take the caret.
 #pragma once
 
-#include "base/gap_buffer.h"
 #include "base/glyph_string.h"
+#include "base/text_buffer.h"
 #include "platform/line_layout.h"
 #include "platform/selection.h"
 
@@ -12,7 +12,7 @@ namespace quillet {
 
 /// What a move starts from.
 struct CaretContext {
-    const GapBuffer& text;
+    const TextBuffer& text;
     const LineLayout& lines;
     Position caret;
     Position pageLines; // lines that a page moves, 1 or more
@@ -30,10 +30,10 @@ Position wordLeft(const CaretContext& from);
 Position wordRight(const CaretContext& from);
 
 /// The word at `place`, or the run of blanks and tabs there; empty between two line breaks.
-Selection wordAt(const GapBuffer& text, Position place);
+Selection wordAt(const TextBuffer& text, Position place);
 
 /// The text between the line breaks around `place`, with the one behind it.
-Selection paragraphAt(const GapBuffer& text, Position place);
+Selection paragraphAt(const TextBuffer& text, Position place);
 
 struct CaretKey {
     std::int16_t keyCode; // virtual-key code

@@ -13,7 +13,7 @@ constexpr std::int16_t ctrlZ = 26;
 constexpr std::int16_t ctrlBackspace = 127;
 
 // The glyphs at the start of `text` that already stand in `buffer` from `at` on.
-Position commonPrefix(const GapBuffer& buffer, Position at, Position count, GlyphView text) {
+Position commonPrefix(const TextBuffer& buffer, Position at, Position count, GlyphView text) {
     const Position limit = std::min(count, static_cast<Position>(text.size()));
     Position same = 0;
     while (same < limit && buffer[at + same] == text[same])
@@ -22,7 +22,7 @@ Position commonPrefix(const GapBuffer& buffer, Position at, Position count, Glyp
 }
 
 // The glyphs at the end of `text` that already stand in `buffer` before `end`.
-Position commonSuffix(const GapBuffer& buffer, Position end, Position count, GlyphView text) {
+Position commonSuffix(const TextBuffer& buffer, Position end, Position count, GlyphView text) {
     const Position limit = std::min(count, static_cast<Position>(text.size()));
     Position same = 0;
     while (same < limit && buffer[end - 1 - same] == text[text.size() - 1 - same])
@@ -45,11 +45,11 @@ class EditBox::OneStep {
 
 EditBox::EditBox(BoxFont font) : font_(std::move(font)) {}
 
-void EditBox::Text(GapBuffer text) {
+void EditBox::Text(TextBuffer text) {
     if (text.size() > static_cast<std::size_t>(maxTextLength))
         throw RunTimeError(ErrorNumber::OutOfMemory);
     if (text != text_) {
-        auto other = std::make_unique<GapBuffer>(std::move(text));
+        auto other = std::make_unique<TextBuffer>(std::move(text));
         const Selection before = selection_;
         exchangeText(*other);
         record({.at = 0, .removed = {}, .inserted = {}, .other = std::move(other)}, before, {});
@@ -132,7 +132,7 @@ void EditBox::MousePointer(Pointer pointer) {
         observer_->pointerChanged();
 }
 
-void EditBox::load(GapBuffer text) {
+void EditBox::load(TextBuffer text) {
     exchangeText(text);
     history_.clear();
     if (observer_ != nullptr)
@@ -230,12 +230,14 @@ void EditBox::moveSelectionTo(Position place) {
     if (place >= from.start() && place <= from.end())
         return;
     const GlyphString text = SelText();
+    const auto count = static_cast<Position>(text.size());
+    needRoom(text, 0);
     const OneStep step(*this);
     history_.closeStep();
-    SelText("");
-    const Position to = place < from.start() ? place : place - static_cast<Position>(text.size());
-    const auto end = to + static_cast<Position>(text.size());
-    replace(to, 0, text, {.anchor = to, .caret = end});
+    replace(place, 0, text, from); // what fails behind this leaves it twice, but never lost
+    const Position old = place < from.start() ? from.start() + count : from.start();
+    const Position to = place < from.start() ? place : place - count;
+    replace(old, count, "", {.anchor = to, .caret = to + count});
     history_.closeStep();
 }
 
@@ -246,7 +248,7 @@ void EditBox::setMetrics(const LineMetrics& metrics) {
 }
 
 bool EditBox::catchUp() {
-    text_.moveGap(SelStart());
+    text_.expectChange(SelStart());
     if (lines_.isSettled()) {
         resumeNext([&] { lines_.expectChange(SelStart()); });
         return false;
@@ -282,7 +284,7 @@ void EditBox::needRoom(GlyphView inserted, Position removed) const {
         throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
-void EditBox::exchangeText(GapBuffer& other) {
+void EditBox::exchangeText(TextBuffer& other) {
     lines_.wrapAll(other); // the one step that may fail comes first
     std::swap(text_, other);
     selection_ = {};
@@ -313,12 +315,12 @@ void EditBox::replace(Position at, Position removed, GlyphView inserted, const S
 }
 
 void EditBox::apply(Position at, GlyphView removed, GlyphView inserted) {
-    text_.replace(at, removed.size(), inserted);
+    TextBuffer::Replaced change = text_.replace(at, removed.size(), inserted);
     LineChange lines;
     try {
         lines = lines_.replaced(text_, at, static_cast<Position>(inserted.size()));
     } catch (...) {
-        text_.replace(at, inserted.size(), removed); // fits where it stood before
+        text_.takeBack(change, at, inserted.size(), removed);
         throw;
     }
     // The caller sets the selection; until then it must at least lie in the text.

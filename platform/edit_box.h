@@ -1,8 +1,8 @@
 // The editing box: the document's text itself, with caret, undo and keys.
 #pragma once
 
-#include "base/gap_buffer.h"
 #include "base/glyph_string.h"
+#include "base/text_buffer.h"
 #include "base/twips.h"
 #include "platform/caret_moves.h"
 #include "platform/key_codes.h"
@@ -62,11 +62,11 @@ class EditBox {
 
     /// The whole text. Writing it puts the caret at 0 with nothing selected.
     GlyphString Text() const { return text_.copy(0, text_.size()); }
-    void Text(GlyphView text) { Text(GapBuffer(text)); }
-    void Text(GapBuffer text);
+    void Text(GlyphView text) { Text(TextBuffer(text)); }
+    void Text(TextBuffer text);
 
-    /// The same text where it lies, and its length. Valid until the next change.
-    GapBuffer::Spans spans() const { return text_.spans(); }
+    /// The same text where it lies, and its length.
+    const TextBuffer& buffer() const { return text_; }
     GlyphString textAt(Position at, Position count) const { return text_.copy(at, count); }
     Position length() const { return static_cast<Position>(text_.size()); }
 
@@ -111,7 +111,7 @@ class EditBox {
     void MousePointer(Pointer pointer);
 
     /// Takes over a whole new document: caret at 0, no undo back beyond it.
-    void load(GapBuffer text);
+    void load(TextBuffer text);
 
     /// What happens at real keystrokes. `KeyPress` may change the character, which is typed as
     /// it comes back.
@@ -182,7 +182,7 @@ class EditBox {
     class OneStep;
 
     void needRoom(GlyphView inserted, Position removed) const;
-    void exchangeText(GapBuffer& other);
+    void exchangeText(TextBuffer& other);
     template <class Steps>
     void keepingHistory(Steps steps);
     void repeat(const TextEdit& edit, GlyphView removed, GlyphView inserted);
@@ -197,7 +197,7 @@ class EditBox {
     void fontChanged();
     void geometryChanged();
 
-    GapBuffer text_;
+    TextBuffer text_;
     Selection selection_;
     UndoHistory history_;
     LineLayout lines_;

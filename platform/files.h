@@ -1,7 +1,7 @@
 // Whole files, read and written within one command.
 #pragma once
 
-#include "base/gap_buffer.h"
+#include "base/text_buffer.h"
 
 #include <span>
 #include <string>
@@ -19,7 +19,7 @@ class Files {
 
     /// Every byte of the file, unchanged. An empty name, a missing or unreadable file and one of
     /// more than `maxTextLength` bytes fail.
-    virtual GapBuffer read(const std::string& path) = 0;
+    virtual TextBuffer read(const std::string& path) = 0;
 
     /// Makes the file hold the parts one after the other: either all of them or, when it fails,
     /// what it held before. A file that nobody may write to fails, for the superuser too.

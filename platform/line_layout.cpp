@@ -69,7 +69,7 @@ class LineScan {
 };
 
 // Where a line breaks that has room up to `end`: behind its last blank, or else there.
-Position breakBefore(const GapBuffer& text, Position start, Position end) {
+Position breakBefore(const TextBuffer& text, Position start, Position end) {
     for (Position at = end; at > start; --at)
         if (isBlank(text[at - 1]))
             return at;
@@ -78,7 +78,7 @@ Position breakBefore(const GapBuffer& text, Position start, Position end) {
 
 } // namespace
 
-void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
+void LineLayout::setMetrics(const LineMetrics& metrics, const TextBuffer& text) {
     LineLayout other(wrappedAtOnce_);
     other.metrics_ = metrics;
     other.steps_ = metrics.advances;
@@ -90,7 +90,7 @@ void LineLayout::setMetrics(const LineMetrics& metrics, const GapBuffer& text) {
     *this = std::move(other);
 }
 
-LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position inserted) {
+LineChange LineLayout::replaced(const TextBuffer& text, Position at, Position inserted) {
     // The line before the changed one comes first: a shorter word may fit at its end now. Where
     // not even one glyph fits into a line, what broke a line may stand two lines below.
     const Position changed = lineOf(at);
@@ -111,13 +111,13 @@ LineChange LineLayout::replaced(const GapBuffer& text, Position at, Position ins
     return change;
 }
 
-LineChange LineLayout::settle(const GapBuffer& text) {
+LineChange LineLayout::settle(const TextBuffer& text) {
     if (!joins_.empty())
         return rewrap(text, lineOf(joins_.front()) - 1, 0, joins_);
     return hasRest_ ? rewrap(text, lineCount() - 1, 0, {}) : LineChange{};
 }
 
-LineChange LineLayout::wrapTo(const GapBuffer& text, Position at) {
+LineChange LineLayout::wrapTo(const TextBuffer& text, Position at) {
     const Position rest = lineCount() - 1;
     while (hasRest_ && at >= lineStart(lineCount() - 1))
         rewrap(text, lineCount() - 1, 0, joins_);
@@ -125,7 +125,7 @@ LineChange LineLayout::wrapTo(const GapBuffer& text, Position at) {
 }
 
 // Wraps from line `first` on, at least to `changeEnd`. `joins` are those of the new text.
-LineChange LineLayout::rewrap(const GapBuffer& text, Position first, Position changeEnd,
+LineChange LineLayout::rewrap(const TextBuffer& text, Position first, Position changeEnd,
                               std::vector<Position> joins) {
     const Position linesBefore = lineCount();
     splitAt(first + 1);
@@ -197,7 +197,7 @@ Position LineLayout::lineOf(Position at) const {
     return lineCount() - 1 - static_cast<Position>(found - tail_.begin());
 }
 
-Position LineLayout::lineEnd(const GapBuffer& text, Position line) const {
+Position LineLayout::lineEnd(const TextBuffer& text, Position line) const {
     const Position start = lineStart(line);
     Position end = lineStart(line + 1);
     if (line + 1 == lineCount())
@@ -208,7 +208,7 @@ Position LineLayout::lineEnd(const GapBuffer& text, Position line) const {
     return pair ? end - 1 : end;
 }
 
-Advance LineLayout::xOf(const GapBuffer& text, Position at) const {
+Advance LineLayout::xOf(const TextBuffer& text, Position at) const {
     const Position start = lineStart(lineOf(at));
     Advance x = 0;
     for (const GlyphView part : text.spans(start, at - start))
@@ -217,7 +217,7 @@ Advance LineLayout::xOf(const GapBuffer& text, Position at) const {
     return x;
 }
 
-Position LineLayout::placeAt(const GapBuffer& text, Position line, Advance x) const {
+Position LineLayout::placeAt(const TextBuffer& text, Position line, Advance x) const {
     const Position end = lineEnd(text, line);
     Advance left = 0;
     for (Position at = lineStart(line); at < end; ++at) {
@@ -236,12 +236,13 @@ Advance LineLayout::advanceFrom(Advance x, char glyph) const {
     return x + metrics_.advances[glyphCode(glyph)];
 }
 
-std::optional<Position> LineLayout::nextStart(const GapBuffer& text, Position start) const {
+std::optional<Position> LineLayout::nextStart(const TextBuffer& text, Position start) const {
     LineScan scan(*this, steps_, start);
     const auto size = static_cast<Position>(text.size());
     const Position count = std::min(size - start, maxLineLength);
     const auto parts = text.spans(start, count);
-    const bool complete = scan.feed(parts[0]) || scan.feed(parts[1]);
+    const bool complete =
+        std::ranges::any_of(parts, [&scan](GlyphView part) { return scan.feed(part); });
     if (!complete && count == size - start)
         return std::nullopt;
     const Position next = scan.at();

@@ -1,8 +1,8 @@
 // Word wrap: where the displayed lines of a text start.
 #pragma once
 
-#include "base/gap_buffer.h"
 #include "base/glyph_string.h"
+#include "base/text_buffer.h"
 
 #include <array>
 #include <optional>
@@ -50,23 +50,23 @@ class LineLayout {
 
     /// Wrap a whole text anew, `wrappedAtOnce` glyphs of it at first. The rest is the last line
     /// until `settle` or `wrapTo` has gone on.
-    void setMetrics(const LineMetrics& metrics, const GapBuffer& text);
+    void setMetrics(const LineMetrics& metrics, const TextBuffer& text);
     const LineMetrics& metrics() const { return metrics_; }
-    void wrapAll(const GapBuffer& text) { setMetrics(metrics_, text); }
+    void wrapAll(const TextBuffer& text) { setMetrics(metrics_, text); }
 
     /// Wraps again after what stood at `at` was replaced by `inserted` glyphs; `text` is already
     /// the new one. Goes on to the first old line start that the new wrap meets again, but no
     /// further than `wrappedAtOnce` behind the change. There the old lines follow as they were,
     /// behind a line that may break too early.
-    LineChange replaced(const GapBuffer& text, Position at, Position inserted);
+    LineChange replaced(const TextBuffer& text, Position at, Position inserted);
 
     /// Whether all lines are as a full wrap makes them. While they are not, `settle` goes on where
     /// the wrap stopped first, again through `wrappedAtOnce` glyphs.
     bool isSettled() const { return joins_.empty() && !hasRest_; }
-    LineChange settle(const GapBuffer& text);
+    LineChange settle(const TextBuffer& text);
 
     /// Goes on until `at` is in a line of its own, not in a rest.
-    LineChange wrapTo(const GapBuffer& text, Position at);
+    LineChange wrapTo(const TextBuffer& text, Position at);
 
     /// Makes the next change at `at` cost nothing for the lines between it and the last one.
     void expectChange(Position at);
@@ -81,20 +81,20 @@ class LineLayout {
     Position lineOf(Position at) const;
 
     /// The last place for the caret in `line`: before its line break or the glyph it broke at.
-    Position lineEnd(const GapBuffer& text, Position line) const;
+    Position lineEnd(const TextBuffer& text, Position line) const;
 
     /// The distance of `at` from the left end of its line, unwrapped blanks included.
-    Advance xOf(const GapBuffer& text, Position at) const;
+    Advance xOf(const TextBuffer& text, Position at) const;
 
     /// The place in `line` nearest to the distance `x`.
-    Position placeAt(const GapBuffer& text, Position line, Advance x) const;
+    Position placeAt(const TextBuffer& text, Position line, Advance x) const;
 
     /// The distance behind a glyph that begins at `x`.
     Advance advanceFrom(Advance x, char glyph) const;
 
   private:
-    std::optional<Position> nextStart(const GapBuffer& text, Position start) const;
-    LineChange rewrap(const GapBuffer& text, Position first, Position changeEnd,
+    std::optional<Position> nextStart(const TextBuffer& text, Position start) const;
+    LineChange rewrap(const TextBuffer& text, Position first, Position changeEnd,
                       std::vector<Position> joins);
     void splitAt(Position line);
     Position tailStart(std::size_t fromEnd) const { return size_ - tail_[fromEnd]; }

@@ -1,8 +1,8 @@
 // What a box needs to take back and repeat its changes.
 #pragma once
 
-#include "base/gap_buffer.h"
 #include "base/glyph_string.h"
+#include "base/text_buffer.h"
 #include "platform/selection.h"
 
 #include <cstddef>
@@ -18,7 +18,7 @@ struct TextEdit {
     Position at = 0;
     GlyphString removed;
     GlyphString inserted;
-    std::unique_ptr<GapBuffer> other;
+    std::unique_ptr<TextBuffer> other;
 
     std::size_t size() const;
 };

@@ -13,13 +13,11 @@ constexpr const char* wordsText = "Number of words in the file are: ";
 constexpr const char* sentencesText = "Number of sentences in the file are: ";
 
 // The last glyph that is no space; a space where there is none.
-char lastGlyph(const GapBuffer::Spans& text) {
-    for (const GlyphView part : {text[1], text[0]}) {
-        const auto last = part.find_last_not_of(' ');
-        if (last != GlyphView::npos)
-            return part[last];
-    }
-    return ' ';
+char lastGlyph(const TextBuffer& text) {
+    std::size_t end = text.size();
+    while (end > 0 && text[end - 1] == ' ')
+        --end;
+    return end == 0 ? ' ' : text[end - 1];
 }
 
 bool endsInSpace(const EditBox& box) {
@@ -27,7 +25,7 @@ bool endsInSpace(const EditBox& box) {
 }
 
 std::int64_t linesIn(const EditBox& box) {
-    return 1 + countGlyph(box.spans(), '\r');
+    return 1 + countGlyph(box.buffer().spans(), '\r');
 }
 
 } // namespace
@@ -35,7 +33,7 @@ std::int64_t linesIn(const EditBox& box) {
 std::string Counting::CountWords() {
     EditBox& box = state_.txtMain;
     box.MousePointer(Pointer::Hourglass);
-    const std::int64_t ends = countSpaces(box.spans()) + (endsInSpace(box) ? 0 : 1);
+    const std::int64_t ends = countSpaces(box.buffer().spans()) + (endsInSpace(box) ? 0 : 1);
     const std::int64_t words = ends + linesIn(box) - 1;
     box.MousePointer(Pointer::Default);
     return std::to_string(words);
@@ -54,8 +52,8 @@ std::string Counting::CountLines() const {
 }
 
 std::string Counting::CountSentences() const {
-    const auto text = state_.txtMain.spans();
-    const std::int64_t ends = countEither(text, danda, '\n');
+    const TextBuffer& text = state_.txtMain.buffer();
+    const std::int64_t ends = countEither(text.spans(), danda, '\n');
     return std::to_string(1 + ends - (lastGlyph(text) == danda ? 1 : 0));
 }
 

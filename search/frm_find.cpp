@@ -34,7 +34,7 @@ Position findFrom(const EditBox& box, Position start, GlyphView what) {
         return 0;
     if (what.empty())
         return start;
-    const auto found = findText(box.spans(), start - 1, what);
+    const auto found = findText(box.buffer(), start - 1, what);
     return found ? *found + 1 : 0;
 }
 

@@ -37,7 +37,7 @@ frmReplace::frmReplace(FormHost& forms, EditBox& txtMain)
 
 void frmReplace::cmdreplaceall_Click() {
     txtMain_.Text(
-        replaceAll(txtMain_.spans(), control("txtwhat").Text(), control("txtreplace").Text()));
+        replaceAll(txtMain_.buffer(), control("txtwhat").Text(), control("txtreplace").Text()));
 }
 
 void frmReplace::Form_Load() {

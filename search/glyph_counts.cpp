@@ -29,6 +29,14 @@ std::int64_t countWhere(GlyphView text, Matches matches) {
     return count + std::count_if(text.begin(), text.end(), matches);
 }
 
+template <class Matches>
+std::int64_t countWhere(const TextBuffer::Spans& text, Matches matches) {
+    std::int64_t count = 0;
+    for (const GlyphView part : text)
+        count += countWhere(part, matches);
+    return count;
+}
+
 auto isGlyph(char glyph) {
     return [glyph](char it) { return it == glyph; };
 }
@@ -52,7 +60,7 @@ Spaces spacesIn(GlyphView text) {
 }
 
 // Fails as the way from one space to the next does.
-void checkRuns(const GapBuffer::Spans& text) {
+void checkRuns(const TextBuffer::Spans& text) {
     std::int64_t run = 0;
     for (const GlyphView part : text) {
         for (const char glyph : part) {
@@ -65,21 +73,26 @@ void checkRuns(const GapBuffer::Spans& text) {
 
 } // namespace
 
-std::int64_t countGlyph(const GapBuffer::Spans& text, char glyph) {
-    return countWhere(text[0], isGlyph(glyph)) + countWhere(text[1], isGlyph(glyph));
+std::int64_t countGlyph(const TextBuffer::Spans& text, char glyph) {
+    return countWhere(text, isGlyph(glyph));
 }
 
-std::int64_t countEither(const GapBuffer::Spans& text, char one, char other) {
+std::int64_t countEither(const TextBuffer::Spans& text, char one, char other) {
     const auto matches = [=](char it) { return it == one || it == other; };
-    return countWhere(text[0], matches) + countWhere(text[1], matches);
+    return countWhere(text, matches);
 }
 
-std::int64_t countSpaces(const GapBuffer::Spans& text) {
-    const Spaces before = spacesIn(text[0]);
-    const Spaces behind = spacesIn(text[1]);
-    if (!before.inEveryBlock || !behind.inEveryBlock)
+std::int64_t countSpaces(const TextBuffer::Spans& text) {
+    std::int64_t count = 0;
+    bool inEveryBlock = true;
+    for (const GlyphView part : text) {
+        const Spaces spaces = spacesIn(part);
+        count += spaces.count;
+        inEveryBlock = inEveryBlock && spaces.inEveryBlock;
+    }
+    if (!inEveryBlock)
         checkRuns(text);
-    return before.count + behind.count;
+    return count;
 }
 
 } // namespace quillet

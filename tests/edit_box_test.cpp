@@ -59,7 +59,7 @@ TEST(EditBox, UndoByKeysAndWhatEndsTheHistory) {
     EXPECT_EQ(box.Text(), "a");
     box.keyPress(26, modifier::ctrl | modifier::shift);
     EXPECT_EQ(box.Text(), "ab");
-    box.load(GapBuffer("new"));
+    box.load(TextBuffer("new"));
     EXPECT_FALSE(box.canUndo());
     for (std::size_t step = 0; step < UndoHistory::maxSteps + 5; ++step)
         box.keyPress('x', 0);
@@ -75,7 +75,7 @@ TEST(EditBox, AReleaseBelongsToItsKeystrokeAndSelectsNothing) {
         box.SelLength(2);
         box.SelText("D");
     };
-    box.load(GapBuffer("d~"));
+    box.load(TextBuffer("d~"));
     box.SelStart(2);
     box.keyUp('V', 0);
     box.undo();
@@ -97,7 +97,7 @@ TEST(EditBox, TheCaretKeepsItsLineWhenALongTextIsWrappedAnew) {
     LineMetrics metrics{.width = 100};
     metrics.advances.fill(1);
     box.setMetrics(metrics);
-    box.load(GapBuffer(GlyphString(600'000, 'd')));
+    box.load(TextBuffer(GlyphString(600'000, 'd')));
     box.SelStart(500'050);
     metrics.width = 1000;
     box.setMetrics(metrics);

@@ -106,11 +106,11 @@ struct FakeDesktop : MessageBox,
         return disk.contains(pattern);
     }
 
-    GapBuffer read(const std::string& path) override {
+    TextBuffer read(const std::string& path) override {
         mayFail("read " + path);
         if (!disk.contains(path))
             throw RunTimeError(ErrorNumber::FileNotFound);
-        return GapBuffer(disk[path]);
+        return TextBuffer(disk[path]);
     }
 
     void write(const std::string& path, std::span<const GlyphView> parts) override {

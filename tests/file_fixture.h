@@ -54,7 +54,7 @@ struct FileFixture : testing::Test {
         files.write(path.native(), parts);
     }
     GlyphString read(const fs::path& path) {
-        const GapBuffer text = files.read(path.native());
+        const TextBuffer text = files.read(path.native());
         return text.copy(0, text.size());
     }
 

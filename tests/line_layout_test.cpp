@@ -20,7 +20,7 @@ LineMetrics metrics() {
 
 // The text with a "|" where a line begins.
 std::string wrapped(const std::string& text) {
-    const GapBuffer buffer(text);
+    const TextBuffer buffer(text);
     LineLayout layout;
     layout.setMetrics(metrics(), buffer);
     std::string lines = text;
@@ -51,7 +51,7 @@ TEST(LineLayout, BreaksLinesByTheRules) {
 }
 
 TEST(LineLayout, FindsPlacesInLines) {
-    const GapBuffer text("ab\tc\r\nxzy w");
+    const TextBuffer text("ab\tc\r\nxzy w");
     LineLayout layout;
     layout.setMetrics(metrics(), text);
     EXPECT_EQ(layout.xOf(text, 3), 40);

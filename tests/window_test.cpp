@@ -143,7 +143,7 @@ bool expectEffect(const std::string& name, const std::function<void(frmQuillet&)
     TestWindow form;
     FakeDesktop& desktop = form.desktop;
     form.Caption("T");
-    form.txtMain.load(GapBuffer("abc"));
+    form.txtMain.load(TextBuffer("abc"));
     for (const char* text : {"xyz", "abc", "zzz"})
         form.txtMain.Text(text);
     form.txtMain.undo();

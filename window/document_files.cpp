@@ -5,7 +5,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 
-#include <array>
+#include <vector>
 
 namespace quillet {
 namespace {
@@ -120,8 +120,11 @@ void DocumentFiles::showSaveDialog() {
 }
 
 void DocumentFiles::write(const std::string& path) {
-    const GapBuffer::Spans text = state_.txtMain.spans();
-    files_.write(path, std::array{text[0], text[1], lineBreak});
+    std::vector<GlyphView> parts;
+    for (const GlyphView part : state_.txtMain.buffer().spans())
+        parts.push_back(part);
+    parts.push_back(lineBreak);
+    files_.write(path, parts);
 }
 
 // Takes the name even where nothing could be written.

@@ -16,18 +16,17 @@ void MemoryCommands::mnuAppendMemory_Click() {
     memory.reserve(memory.size() + lineBreak.size() + length); // all of it fits, or nothing changes
     if (!memory.empty())
         memory += lineBreak;
-    for (const GlyphView part : state_.txtMain.spans())
+    for (const GlyphView part : state_.txtMain.buffer().spans())
         memory += part;
 }
 
 void MemoryCommands::mnuPasteFromMemory_Click() {
-    GapBuffer text;
-    const auto add = [&text](GlyphView part) { text.replace(text.size(), 0, part); };
-    for (const GlyphView part : state_.txtMain.spans())
-        add(part);
+    TextBuffer text;
+    for (const GlyphView part : state_.txtMain.buffer().spans())
+        text.append(part);
     if (text.size() != 0)
-        add(lineBreak);
-    add(state_.memory_box);
+        text.append(lineBreak);
+    text.append(state_.memory_box);
     state_.txtMain.Text(std::move(text));
 }
 

@@ -53,14 +53,16 @@ void checkLength(std::size_t length) {
 }
 
 // The size that the system reports is a hint: pipes and files made up on the fly have none.
-GapBuffer readToEnd(const FileDescriptor& file, std::size_t expected) {
+TextBuffer readToEnd(const FileDescriptor& file, std::size_t expected) {
     checkLength(expected);
-    GapBuffer text;
-    std::size_t room = expected + smallestRead;
-    while (const std::size_t count = readSome(file, text.prepareAppend(room), room)) {
+    TextBuffer text;
+    std::size_t left = expected + smallestRead;
+    std::span<char> room = text.prepareAppend(left);
+    while (const std::size_t count = readSome(file, room.data(), room.size())) {
         text.commitAppend(count);
         checkLength(text.size());
-        room = std::max(room - count, smallestRead);
+        left = std::max(left - count, smallestRead);
+        room = text.prepareAppend(left);
     }
     return text;
 }
@@ -169,7 +171,7 @@ bool PosixFiles::exists(const std::string& pattern) {
     return exists;
 }
 
-GapBuffer PosixFiles::read(const std::string& path) {
+TextBuffer PosixFiles::read(const std::string& path) {
     checkName(path);
     const FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK);
     if (!file.isOpen())

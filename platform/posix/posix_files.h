@@ -19,7 +19,7 @@ class PosixFiles : public Files {
     PosixFiles();
 
     bool exists(const std::string& pattern) override;
-    GapBuffer read(const std::string& path) override;
+    TextBuffer read(const std::string& path) override;
     void write(const std::string& path, std::span<const GlyphView> parts) override;
 };
 
