@@ -1,5 +1,7 @@
 #include "base/text_buffer.h"
 
+#include "base/exchange.h"
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -62,14 +64,14 @@ TextBuffer::Replaced TextBuffer::replaceChunks(std::size_t at, std::size_t remov
         .first = first, .count = made.chunks_.size(), .chunks = std::move(made.chunks_)};
     change.chunks.reserve(count);
     chunks_.reserve(chunks_.size() + change.count);
-    exchange(first, count, change.chunks);
+    exchangeChunks(first, count, change.chunks);
     return change;
 }
 
 void TextBuffer::takeBack(Replaced& change, std::size_t at, std::size_t inserted,
                           GlyphView removed) {
     if (!change.chunks.empty())
-        return exchange(change.first, change.count, change.chunks);
+        return exchangeChunks(change.first, change.count, change.chunks);
     Chunk& chunk = chunks_[change.first]; // which has the room that it had
     chunk.bytes.replace(at - chunk.start, inserted, removed);
     shift(change.first + 1, removed.size() - inserted);
@@ -113,20 +115,8 @@ std::size_t TextBuffer::seek(std::size_t at) const {
     return current_;
 }
 
-// Puts `chunks` in place of `count` of the text's own, and these in `chunks`. Both have the room.
-void TextBuffer::exchange(std::size_t first, std::size_t count, std::vector<Chunk>& chunks) {
-    const std::size_t both = std::min(count, chunks.size());
-    const auto own = chunks_.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto ownRest = own + static_cast<std::ptrdiff_t>(both);
-    const auto rest = std::swap_ranges(own, ownRest, chunks.begin());
-    if (count > both) {
-        const auto end = own + static_cast<std::ptrdiff_t>(count);
-        chunks.insert(chunks.end(), std::move_iterator(ownRest), std::move_iterator(end));
-        chunks_.erase(ownRest, end);
-    } else {
-        chunks_.insert(ownRest, std::move_iterator(rest), std::move_iterator(chunks.end()));
-        chunks.erase(rest, chunks.end());
-    }
+void TextBuffer::exchangeChunks(std::size_t first, std::size_t count, std::vector<Chunk>& chunks) {
+    exchange(chunks_, first, count, chunks);
     for (std::size_t i = first; i < chunks_.size(); ++i)
         chunks_[i].start = i == 0 ? 0 : endOf(chunks_[i - 1]);
 }

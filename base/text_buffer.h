@@ -84,7 +84,7 @@ class TextBuffer {
     std::size_t seek(std::size_t at) const;
     void append(const Spans& text);
     Replaced replaceChunks(std::size_t at, std::size_t removed, GlyphView inserted);
-    void exchange(std::size_t first, std::size_t count, std::vector<Chunk>& chunks);
+    void exchangeChunks(std::size_t first, std::size_t count, std::vector<Chunk>& chunks);
     void shift(std::size_t first, std::size_t distance);
 
     std::size_t chunkLength_ = usualChunkLength;

@@ -44,10 +44,12 @@ void checkSound(const LineLayout& layout, const LineMetrics& metrics, const Text
     }
 }
 
+constexpr std::size_t chunkLength = 5; // of lines, and of text
+
 void run(Input input) {
     const LineMetrics metrics = metricsFrom(input);
-    LineLayout layout(input.upTo(40)); // how far one change is followed
-    TextBuffer text({}, 8);            // lines cross the chunks
+    LineLayout layout(input.upTo(40), chunkLength); // follows one change so far
+    TextBuffer text({}, chunkLength);
     layout.setMetrics(metrics, text);
     while (!input.isEmpty()) {
         const auto size = static_cast<Position>(text.size());
@@ -59,8 +61,6 @@ void run(Input input) {
         const auto count = [&](const LineChange& change) { lines += change.after - change.before; };
         count(layout.replaced(text, at, static_cast<Position>(inserted.size())));
         const std::uint8_t next = input.byte();
-        if (next % 4 == 0)
-            layout.expectChange(next % (static_cast<Position>(text.size()) + 1));
         if (next % 8 == 1)
             count(layout.wrapTo(text, static_cast<Position>(text.size()) / 2));
         if (next % 4 == 2)

@@ -249,10 +249,8 @@ void EditBox::setMetrics(const LineMetrics& metrics) {
 
 bool EditBox::catchUp() {
     text_.expectChange(SelStart());
-    if (lines_.isSettled()) {
-        resumeNext([&] { lines_.expectChange(SelStart()); });
+    if (lines_.isSettled())
         return false;
-    }
     bool settled = false;
     resumeNext([&] { // without memory the lines stay as they are until the next change
         const LineChange change = lines_.settle(text_);

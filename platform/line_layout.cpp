@@ -1,6 +1,7 @@
 #include "platform/line_layout.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <new>
 #include <utility>
 
@@ -79,7 +80,7 @@ Position breakBefore(const TextBuffer& text, Position start, Position end) {
 } // namespace
 
 void LineLayout::setMetrics(const LineMetrics& metrics, const TextBuffer& text) {
-    LineLayout other(wrappedAtOnce_);
+    LineLayout other(wrappedAtOnce_, starts_.chunkLength());
     other.metrics_ = metrics;
     other.steps_ = metrics.advances;
     for (const char glyph : {'\r', '\n', '\t'})
@@ -127,74 +128,56 @@ LineChange LineLayout::wrapTo(const TextBuffer& text, Position at) {
 // Wraps from line `first` on, at least to `changeEnd`. `joins` are those of the new text.
 LineChange LineLayout::rewrap(const TextBuffer& text, Position first, Position changeEnd,
                               std::vector<Position> joins) {
-    const Position linesBefore = lineCount();
-    splitAt(first + 1);
-
     const auto size = static_cast<Position>(text.size());
-    const auto dropBefore = [&](std::size_t kept, Position place) {
-        while (kept > 0 && size - tail_[kept - 1] < place)
-            --kept;
-        return kept;
-    };
-    std::size_t kept = dropBefore(tail_.size(), changeEnd);
-    std::vector<Position> starts;
-    const Position from = head_.back();
-    Position start = from;
-    const Position goal = std::max(start, changeEnd);
-    const Position stop = goal + std::min(size - goal, wrappedAtOnce_);
-    bool met = false;
-    std::optional<Position> next = start;
-    while (next && !met && start <= stop) {
-        next = nextStart(text, start);
-        kept = next ? dropBefore(kept, *next) : 0;
-        met = kept > 0 && size - tail_[kept - 1] == *next;
-        if (next && !met)
-            starts.push_back(start = *next);
-    }
-    std::erase_if(joins, [&](Position join) { return join > from && (!next || join <= *next); });
-    if (kept > 0 && !met) {
-        const Position join = size - tail_[kept - 1];
+    const Position distance = size - size_;
+    const Position from = starts_[first];
+    const Wrapped wrapped = wrapFrom(text, first, changeEnd);
+    const auto& [starts, kept, end, meets] = wrapped;
+
+    std::erase_if(joins, [&](Position join) { return join > from && (!end || join <= *end); });
+    const Position left = lineCount() - kept;
+    if (left > 0 && !meets) {
+        const Position join = starts_[kept] + distance;
         const auto place = std::lower_bound(joins.begin(), joins.end(), join);
         if (place == joins.end() || *place != join)
             joins.insert(place, join);
     }
-
-    if (head_.size() + starts.size() > static_cast<std::size_t>(maxTextLength) - kept)
+    const auto after = static_cast<std::int64_t>(starts.size()) + 1;
+    if (first + after + left > maxTextLength)
         throw std::bad_alloc(); // more lines than can be counted
 
-    head_.insert(head_.end(), starts.begin(), starts.end());
-    tail_.resize(kept); // from here on nothing can fail
-    joins_ = std::move(joins);
-    hasRest_ = hasRest_ && next;
+    starts_.replace(first + 1, kept - first - 1, starts, distance);
+    joins_ = std::move(joins); // from here on nothing can fail
+    hasRest_ = hasRest_ && end;
     size_ = size;
-    const auto after = static_cast<Position>(head_.size()) - first;
-    return {.first = first, .before = linesBefore - lineCount() + after, .after = after};
+    return {.first = first, .before = kept - first, .after = static_cast<Position>(after)};
 }
 
-void LineLayout::expectChange(Position at) {
-    splitAt(std::max(lineOf(at), 1));
-}
-
-Position LineLayout::lineCount() const {
-    return static_cast<Position>(head_.size() + tail_.size());
+LineLayout::Wrapped LineLayout::wrapFrom(const TextBuffer& text, Position first,
+                                         Position changeEnd) const {
+    const Position count = lineCount();
+    const auto size = static_cast<Position>(text.size());
+    const Position distance = size - size_;
+    Position start = starts_[first];
+    Wrapped wrapped{.starts = {}, .kept = first + 1, .end = start, .meets = false};
+    auto& [starts, kept, end, meets] = wrapped;
+    if (changeEnd > distance)
+        kept = std::max(kept, starts_.lineOf(changeEnd - distance - 1) + 1);
+    const Position goal = std::max(start, changeEnd);
+    const Position stop = goal + std::min(size - goal, wrappedAtOnce_);
+    while (end && !meets && start <= stop) {
+        end = nextStart(text, start);
+        while (kept < count && (!end || starts_[kept] + distance < *end))
+            ++kept;
+        meets = kept < count && starts_[kept] + distance == *end;
+        if (end && !meets)
+            starts.push_back(start = *end);
+    }
+    return wrapped;
 }
 
 Position LineLayout::lineStart(Position line) const {
-    const std::size_t index = line;
-    if (index < head_.size())
-        return head_[index];
-    const std::size_t behind = index - head_.size();
-    return behind < tail_.size() ? tailStart(tail_.size() - 1 - behind) : size_;
-}
-
-Position LineLayout::lineOf(Position at) const {
-    if (tail_.empty() || at < tailStart(tail_.size() - 1)) {
-        const auto above = std::upper_bound(head_.begin(), head_.end(), at);
-        return static_cast<Position>(above - head_.begin()) - 1;
-    }
-    // The distances grow from the end of the text towards its start, and so does the index.
-    const auto found = std::lower_bound(tail_.begin(), tail_.end(), size_ - at);
-    return lineCount() - 1 - static_cast<Position>(found - tail_.begin());
+    return line < lineCount() ? starts_[line] : size_;
 }
 
 Position LineLayout::lineEnd(const TextBuffer& text, Position line) const {
@@ -250,18 +233,6 @@ std::optional<Position> LineLayout::nextStart(const TextBuffer& text, Position s
         return breakBefore(text, start, next);
     const bool splitsPair = scan.ending() == '\r' && next < size && text[next] == '\n';
     return splitsPair ? next + 1 : next;
-}
-
-void LineLayout::splitAt(Position line) {
-    const std::size_t count = line;
-    while (head_.size() > count) {
-        tail_.push_back(size_ - head_.back());
-        head_.pop_back();
-    }
-    while (head_.size() < count) {
-        head_.push_back(tailStart(tail_.size() - 1));
-        tail_.pop_back();
-    }
 }
 
 } // namespace quillet

@@ -3,6 +3,7 @@
 
 #include "base/glyph_string.h"
 #include "base/text_buffer.h"
+#include "platform/line_starts.h"
 
 #include <array>
 #include <optional>
@@ -46,7 +47,10 @@ struct LineChange {
 class LineLayout {
   public:
     /// `wrappedAtOnce` is how far one change is followed, in glyphs.
-    explicit LineLayout(Position wrappedAtOnce = 1 << 18) : wrappedAtOnce_(wrappedAtOnce) {}
+    explicit LineLayout(Position wrappedAtOnce = 1 << 18,
+                        std::size_t chunkLength = LineStarts::usualChunkLength)
+        : wrappedAtOnce_(wrappedAtOnce),
+          starts_(chunkLength) {}
 
     /// Wrap a whole text anew, `wrappedAtOnce` glyphs of it at first. The rest is the last line
     /// until `settle` or `wrapTo` has gone on.
@@ -68,17 +72,14 @@ class LineLayout {
     /// Goes on until `at` is in a line of its own, not in a rest.
     LineChange wrapTo(const TextBuffer& text, Position at);
 
-    /// Makes the next change at `at` cost nothing for the lines between it and the last one.
-    void expectChange(Position at);
-
-    Position lineCount() const;
+    Position lineCount() const { return starts_.count(); }
 
     /// Where `line` starts; for `lineCount()` the end of the text.
     Position lineStart(Position line) const;
 
     /// The line that shows the glyph at `at`; the place where a line is broken belongs to the
     /// line behind it.
-    Position lineOf(Position at) const;
+    Position lineOf(Position at) const { return starts_.lineOf(at); }
 
     /// The last place for the caret in `line`: before its line break or the glyph it broke at.
     Position lineEnd(const TextBuffer& text, Position line) const;
@@ -93,11 +94,18 @@ class LineLayout {
     Advance advanceFrom(Advance x, char glyph) const;
 
   private:
+    // What a wrap from one line on has made.
+    struct Wrapped {
+        std::vector<Position> starts; // of lines that are new
+        Position kept;                // the first line behind these that stays
+        std::optional<Position> end;  // where the wrap stopped; none at the end of the text
+        bool meets;                   // that line starts there
+    };
+
     std::optional<Position> nextStart(const TextBuffer& text, Position start) const;
+    Wrapped wrapFrom(const TextBuffer& text, Position first, Position changeEnd) const;
     LineChange rewrap(const TextBuffer& text, Position first, Position changeEnd,
                       std::vector<Position> joins);
-    void splitAt(Position line);
-    Position tailStart(std::size_t fromEnd) const { return size_ - tail_[fromEnd]; }
 
     Position wrappedAtOnce_;
     bool hasRest_ = false; // the last line is what has not been wrapped yet
@@ -105,10 +113,7 @@ class LineLayout {
     std::array<Advance, 256> steps_{}; // advances, with a mark for glyphs the wrap looks at
     Position size_ = 0;
 
-    // Starts before the last change, in order, and behind it, the nearest last. Those behind are
-    // kept as distances from the end of the text, so that no change has to shift them.
-    std::vector<Position> head_ = {0};
-    std::vector<Position> tail_;
+    LineStarts starts_;
 
     // In order, the starts that only stand where they stood before the last changes: the line
     // before each of them may break too early.
