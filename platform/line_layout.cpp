@@ -132,25 +132,27 @@ LineChange LineLayout::rewrap(const TextBuffer& text, Position first, Position c
     const Position distance = size - size_;
     const Position from = starts_[first];
     const Wrapped wrapped = wrapFrom(text, first, changeEnd);
-    const auto& [starts, kept, end, meets] = wrapped;
 
-    std::erase_if(joins, [&](Position join) { return join > from && (!end || join <= *end); });
-    const Position left = lineCount() - kept;
-    if (left > 0 && !meets) {
-        const Position join = starts_[kept] + distance;
+    std::erase_if(joins, [&, end = wrapped.end](Position join) {
+        return join > from && (!end || join <= *end);
+    });
+    const Position left = lineCount() - wrapped.kept;
+    if (left > 0 && !wrapped.meets) {
+        const Position join = starts_[wrapped.kept] + distance;
         const auto place = std::lower_bound(joins.begin(), joins.end(), join);
         if (place == joins.end() || *place != join)
             joins.insert(place, join);
     }
-    const auto after = static_cast<std::int64_t>(starts.size()) + 1;
+    const auto after = static_cast<std::int64_t>(wrapped.starts.size()) + 1;
     if (first + after + left > maxTextLength)
         throw std::bad_alloc(); // more lines than can be counted
 
-    starts_.replace(first + 1, kept - first - 1, starts, distance);
+    const Position before = wrapped.kept - first;
+    starts_.replace(first + 1, before - 1, wrapped.starts, distance);
     joins_ = std::move(joins); // from here on nothing can fail
-    hasRest_ = hasRest_ && end;
+    hasRest_ = hasRest_ && wrapped.end;
     size_ = size;
-    return {.first = first, .before = kept - first, .after = static_cast<Position>(after)};
+    return {.first = first, .before = before, .after = static_cast<Position>(after)};
 }
 
 LineLayout::Wrapped LineLayout::wrapFrom(const TextBuffer& text, Position first,

@@ -111,7 +111,7 @@ GlyphString soundText(EditBox& box) {
     EXPECT_EQ(box.lines().lineCount(), lines.lineCount());
     for (Position line = 0; line < lines.lineCount(); ++line)
         EXPECT_EQ(box.lines().lineStart(line), lines.lineStart(line)) << "line " << line;
-    const GlyphString text = box.Text();
+    GlyphString text = box.Text();
     EXPECT_LE(box.selection().end(), box.length());
     int steps = 0;
     for (; box.canUndo(); ++steps)
