@@ -8,6 +8,7 @@
 #include "platform/qt/icons.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/main_window.h"
+#include "platform/qt/program_style.h"
 #include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_services.h"
 #include "platform/qt/text_codec.h"
@@ -81,11 +82,33 @@ TEST(Icons, GiveEveryImageAPictureOfItsOwnInEverySize) {
         std::set<QByteArray> images;
         for (const ImageRow& row : imageList) {
             const QImage image = toolbarIcon(row.key).pixmap(QSize(size, size), 1).toImage();
+            const QString drawn = QStringLiteral(PICTURES "/%1-%2.png").arg(row.key).arg(size);
+            EXPECT_EQ(image, QImage(drawn).convertToFormat(image.format())) << row.key;
             EXPECT_EQ(image.size(), QSize(size, size)) << row.key;
             images.emplace(reinterpret_cast<const char*>(image.bits()), image.sizeInBytes());
         }
         EXPECT_EQ(images.size(), std::size(imageList)) << "at " << size;
     }
+}
+
+TEST(ProgramStyle, KeepsTheLookOfTheToolbarsExtension) {
+    const auto look = [](bool enabled) {
+        QToolBar bar;
+        for (const char* text : {"first", "second", "third"})
+            bar.addAction(text);
+        bar.setEnabled(enabled);
+        bar.resize(bar.sizeHint() / 2);
+        bar.show();
+        QApplication::processEvents();
+        const auto* extension = bar.findChild<QToolButton*>("qt_toolbar_ext_button");
+        EXPECT_TRUE(extension != nullptr && extension->isVisible());
+        return bar.grab().toImage();
+    };
+    const QImage enabled = look(true);
+    const QImage disabled = look(false);
+    deferToolbarExtension();
+    EXPECT_EQ(look(true), enabled);
+    EXPECT_EQ(look(false), disabled);
 }
 
 struct OpenFontsOffered {
@@ -240,6 +263,29 @@ TEST(GlyphCharacters, ShowEveryByteInTheOpenFonts) {
     bytes[0xAD] = '-';
     EXPECT_EQ(latin.of(allBytes()), displayText(bytes));
     EXPECT_TRUE(kruti.isDrawn('\x81') && !latin.isDrawn('\x81') && !kruti.isDrawn('\x1F'));
+}
+
+// A text stands where the table says only if the toolkit's own widths are the same, to the last
+// bit.
+TEST_F(View, TableHoldsTheToolkitsAdvances) {
+    for (const char* name : {"Kruti Dev 010", "Kruti Dev 020", "Arial", "Liberation Mono"})
+        for (const double size : {6.0, 7.5, 10.0, 10.5, 13.0, 20.5, 72.0})
+            for (const int style : {0, 1, 2, 3}) {
+                form.txtMain.FontName(name);
+                form.txtMain.FontSize(size);
+                form.txtMain.FontBold((style & 1) != 0);
+                form.txtMain.FontItalic((style & 2) != 0);
+                const GlyphFont font(form.txtMain);
+                const auto advances = font.lineMetrics(100).advances;
+                const QRawFont raw = QRawFont::fromFont(font.font());
+                for (std::size_t code = 0; code < advances.size(); ++code) {
+                    const QChar shown = font.characters().measured(static_cast<char>(code));
+                    const auto widths =
+                        raw.advancesForGlyphIndexes(raw.glyphIndexesForString(shown));
+                    ASSERT_EQ(advances[code], widths.at(0).x() * advancePerPixel)
+                        << name << " " << size << " " << style << " " << code;
+                }
+            }
 }
 
 // A font takes the other's place when its name is known: blanks at the end do not count.

@@ -4,6 +4,7 @@
 
 #include <QFontMetricsF>
 #include <QRawFont>
+#include <QtEndian>
 
 #include <algorithm>
 #include <cmath>
@@ -21,14 +22,58 @@ QFont fontOf(const EditBox& box) {
     return font;
 }
 
-// All at once: one by one each would be laid out as a text.
+// The font's own table of widths. The toolkit takes them from there as well, and rounds them in the
+// same two steps, but it loads the outline of every glyph to do so.
+class WidthTable {
+  public:
+    explicit WidthTable(const QRawFont& font) : widths_(font.fontTable("hmtx")) {
+        constexpr qsizetype countAt = 34;
+        const QByteArray header = font.fontTable("hhea");
+        const auto unitsPerEm = static_cast<std::int64_t>(font.unitsPerEm());
+        const bool isVariable = !font.fontTable("fvar").isEmpty(); // then the table is not all
+        if (header.size() < countAt + 2 || unitsPerEm <= 0 || isVariable)
+            return;
+        count_ = std::min<std::int64_t>(wordAt(header, countAt), widths_.size() / entrySize);
+        const std::int64_t size = std::lround(font.pixelSize() * advancePerPixel);
+        scale_ = (size * one + unitsPerEm / 2) / unitsPerEm;
+    }
+
+    bool isEmpty() const { return count_ == 0; }
+
+    // The glyphs behind the last entry are as wide as that.
+    Advance advance(std::uint32_t glyph) const {
+        const auto entry = std::min<std::int64_t>(glyph, count_ - 1);
+        const std::int64_t scaled = (wordAt(widths_, entry * entrySize) * scale_ + 32) / 64;
+        return static_cast<Advance>(scaled * advancePerPixel / one);
+    }
+
+  private:
+    static constexpr std::int64_t one = 0x10000; // in fixed point
+    static constexpr qsizetype entrySize = 4;
+
+    static std::int64_t wordAt(const QByteArray& table, qsizetype at) {
+        return qFromBigEndian<std::uint16_t>(table.data() + at);
+    }
+
+    QByteArray widths_;
+    std::int64_t count_ = 0;
+    std::int64_t scale_ = 0;
+};
+
+// Where there is no table, all at once: one by one each would be laid out as a text.
 std::array<Advance, 256> advancesOf(const QFont& font, const GlyphCharacters& characters) {
     QString measured;
     for (int code = 0; code < 256; ++code)
         measured += characters.measured(static_cast<char>(code));
     const QRawFont raw = QRawFont::fromFont(font);
-    const auto widths = raw.advancesForGlyphIndexes(raw.glyphIndexesForString(measured));
+    const auto glyphs = raw.glyphIndexesForString(measured);
     std::array<Advance, 256> advances{};
+    if (const WidthTable table(raw); !table.isEmpty()) {
+        std::transform(glyphs.begin(), glyphs.end(), advances.begin(),
+                       [&](std::uint32_t glyph) { return table.advance(glyph); });
+        return advances;
+    }
+    const auto widths = raw.advancesForGlyphIndexes(glyphs);
     std::transform(widths.begin(), widths.end(), advances.begin(), [](const QPointF& width) {
         return std::max(0, static_cast<Advance>(std::lround(width.x() * advancePerPixel)));
     });

@@ -43,8 +43,10 @@ void offerOpenFonts() {
     }
 }
 
+// Where the family is missing, its substitute is named here: before the toolkit takes that, it
+// sorts all fonts there are.
 QFont exactFont(const QString& family, double points) {
-    QFont font(family);
+    QFont font(QFontDatabase::hasFamily(family) ? family : QFont::substitute(family));
     font.setPointSizeF(points);
     font.setKerning(false);
     font.setHintingPreference(QFont::PreferNoHinting);

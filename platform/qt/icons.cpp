@@ -1,10 +1,10 @@
 #include "platform/qt/icons.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QIconEngine>
-#include <QImageReader>
+#include <QImage>
 #include <QPainter>
+#include <QResource>
 #include <QStyle>
 #include <QStyleOption>
 
@@ -29,20 +29,26 @@ class Drawing {
 
     std::span<const int> widths() const { return widths_; }
 
-    bool exists() const { return QFile::exists(file(widths_.front())); }
+    bool exists() const { return pixels(widths_.front()).isValid(); }
 
     // Fitted to so many pixels from the smallest width that is large enough.
     QPixmap pixmap(QSize size) const {
         const auto enough = std::lower_bound(widths_.begin(), widths_.end(), size.width());
-        QImageReader reader(file(enough == widths_.end() ? widths_.back() : *enough), "png");
-        reader.setAutoDetectImageFormat(false); // it would load every image plugin there is
-        const QImage image = reader.read();
+        const int width = enough == widths_.end() ? widths_.back() : *enough;
+        const QByteArray bytes = pixels(width).uncompressedData();
+        const auto height = static_cast<int>(bytes.size() / bytesPerPixel / width);
+        const QImage image(reinterpret_cast<const uchar*>(bytes.data()), width, height,
+                           QImage::Format_ARGB32_Premultiplied);
         return QPixmap::fromImage(
-            image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+            image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).copy());
     }
 
   private:
-    QString file(int width) const { return start_ + QString::number(width) + ".png"; }
+    static constexpr int bytesPerPixel = 4;
+
+    QResource pixels(int width) const {
+        return QResource(start_ + QString::number(width) + ".pixels");
+    }
 
     QString start_;
     std::span<const int> widths_;

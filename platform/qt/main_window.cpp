@@ -10,6 +10,7 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 #include <QToolBar>
 
 #include <algorithm>
@@ -32,6 +33,9 @@ MainWindow::MainWindow(frmQuillet& form) : form_(form) {
     auto* client = new QWidget(this);
     setCentralWidget(client);
     setWindowIcon(productIcon());
+    // Until it fills the screen, and when it no longer does. In a narrower window the toolbar would
+    // be laid out again for every button that gets room.
+    resize(screen()->availableSize() * 3 / 4);
     toolbar_ = new QToolBar(client);
     buildMenus();
     buildToolbar();

@@ -1,5 +1,5 @@
-# The pictures: drawn in icons/ and turned into pixels here, so that the program needs no more than
-# it has to read them. A list of widths becomes a constant of icons.cpp.
+# The pictures: drawn in icons/ and turned into bare pixels here, so that the program need not even
+# decode them. A list of widths becomes a constant of icons.cpp.
 set(toolbar_widths 16 24 32 36 48 72) # painted: 24 at the scales 1, 1.5, 2 and 3
 set(product_widths 16 24 32 48 64 96 128)
 set(splash_widths 360 540 720)
@@ -8,6 +8,8 @@ set(desktop_width 256) # of what the desktop itself shows: the product and its d
 set(picture_dir ${CMAKE_CURRENT_BINARY_DIR}/icons)
 file(MAKE_DIRECTORY ${picture_dir})
 file(GLOB drawings CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/icons/*.svg)
+add_executable(picture_pixels picture_pixels.cpp)
+target_link_libraries(picture_pixels PRIVATE Qt6::Gui)
 foreach(drawing IN LISTS drawings)
     cmake_path(GET drawing STEM name)
     set(widths ${toolbar_widths})
@@ -16,23 +18,30 @@ foreach(drawing IN LISTS drawings)
     elseif(name STREQUAL "Splash")
         set(widths ${splash_widths})
     endif()
-    set(outputs)
+    set(drawn)
     set(commands)
     foreach(width IN LISTS widths)
         set(output ${picture_dir}/${name}-${width}.png)
-        list(APPEND outputs ${output})
+        list(APPEND drawn ${output})
         list(APPEND commands COMMAND ${RSVG_CONVERT} -w ${width} -o ${output} ${drawing})
     endforeach()
-    add_custom_command(OUTPUT ${outputs} ${commands} DEPENDS ${drawing}
-                       COMMENT "Drawing ${name}" VERBATIM)
+    list(TRANSFORM drawn REPLACE "png$" "pixels" OUTPUT_VARIABLE outputs)
+    add_custom_command(OUTPUT ${drawn} ${outputs} ${commands} COMMAND picture_pixels ${drawn}
+                       DEPENDS ${drawing} picture_pixels COMMENT "Drawing ${name}" VERBATIM)
     list(APPEND pictures ${outputs})
 endforeach()
 set(document_pictures ${pictures})
 list(FILTER document_pictures INCLUDE REGEX "/Document-")
 add_custom_target(document_pictures DEPENDS ${document_pictures})
 add_dependencies(quillet_qt document_pictures)
-list(REMOVE_ITEM pictures ${document_pictures} ${picture_dir}/Product-${desktop_width}.png)
-qt_add_resources(quillet_qt pictures PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR} FILES ${pictures})
+list(REMOVE_ITEM pictures ${document_pictures} ${picture_dir}/Product-${desktop_width}.pixels)
+set(splash_pictures ${pictures})
+list(FILTER splash_pictures INCLUDE REGEX "/Splash-")
+list(REMOVE_ITEM pictures ${splash_pictures})
+# All but the largest are read at once when the program starts, so they are not packed.
+qt_add_resources(quillet_qt pictures PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR} OPTIONS --no-compress
+                 FILES ${pictures})
+qt_add_resources(quillet_qt splash PREFIX / BASE ${CMAKE_CURRENT_BINARY_DIR} FILES ${splash_pictures})
 
 foreach(kind IN ITEMS toolbar product splash)
     list(JOIN ${kind}_widths "," widths)

@@ -2,6 +2,7 @@
 
 #include "platform/qt/box_accessible.h"
 #include "platform/qt/glyph_text.h"
+#include "platform/qt/program_style.h"
 #include "platform/qt/x11_keyboard.h"
 
 #include <QSettings>
@@ -20,6 +21,7 @@ Program::Program(char** argv, const MailFactory& makeMailComponent)
     requestDetectableAutoRepeat();
     keepKeysBehindMenus();
     installBoxAccessible();
+    deferToolbarExtension();
     offerOpenFonts();
 }
 
