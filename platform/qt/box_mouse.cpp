@@ -1,5 +1,6 @@
 #include "platform/qt/box_mouse.h"
 
+#include "base/run_time_error.h"
 #include "platform/edit_box.h"
 #include "platform/qt/edit_view.h"
 #include "platform/qt/entry.h"
@@ -153,10 +154,12 @@ void BoxMouse::drop(QDropEvent& event) {
     view_.showDropPlace(std::nullopt);
     event.acceptProposedAction();
     enter([&] {
-        if (moves)
-            box_.moveSelectionTo(place);
-        else
-            box_.dropText(glyphText(event.mimeData()->text()), place);
+        resumeNext([&] { // what there is no room for is refused, as a key is
+            if (moves)
+                box_.moveSelectionTo(place);
+            else
+                box_.dropText(glyphText(event.mimeData()->text()), place);
+        });
     });
 }
 
