@@ -10,7 +10,7 @@
 namespace quillet {
 
 /// Bytes with a gap at the place of the last change, so that the next change there copies only
-/// what it inserts. Growing never copies more than the bytes behind the gap. Sizes are in bytes.
+/// what it inserts. Sizes are in bytes.
 class GapBuffer {
   public:
     GapBuffer() = default;

@@ -12,7 +12,7 @@
 namespace quillet {
 
 /// The bytes of a text in chunks, each with a gap at the place of its last change: what a change
-/// costs depends neither on where the last one was nor on the text's length. Sizes are in bytes.
+/// costs hardly depends on where the last one was or on the text's length. Sizes are in bytes.
 class TextBuffer {
   public:
     class Spans;

@@ -116,8 +116,10 @@ void CPdfWriter::BuildHeader() {
 // A line ends at a CR, with the LF behind it, or at the end of the file; no line is empty because
 // the file ends there. Any other LF is part of its line.
 void CPdfWriter::ReadSource() {
-    const TextBuffer text = files_.read(SourceFile_);
-    source_ = text.copy(0, text.size());
+    {
+        const TextBuffer text = files_.read(SourceFile_);
+        source_ = text.copy(0, text.size());
+    }
     GlyphView rest = source_;
     SourceLines_.clear();
     while (!rest.empty()) {

@@ -149,7 +149,8 @@ class EditBox {
     void select(const Selection& selection);
 
     /// Text is dropped at a place and selected there: one undo step each. `moveSelectionTo` takes
-    /// the selected text along; to a place inside the selection it does nothing.
+    /// the selected text along; to a place inside the selection it does nothing. Both need room for
+    /// the text beside what is there, or else fail with `OutOfMemory`.
     void dropText(GlyphView text, Position place);
     void moveSelectionTo(Position place);
 

@@ -43,7 +43,7 @@ struct LineChange {
 /// longer than `maxLineLength`.
 ///
 /// The text itself stays outside; every call gets the same one, in its current state. A call that
-/// fails for lack of memory changes nothing.
+/// fails for lack of memory changes nothing; `wrapTo` keeps the lines that it has made by then.
 class LineLayout {
   public:
     /// `wrappedAtOnce` is how far one change is followed, in glyphs.

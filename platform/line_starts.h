@@ -10,7 +10,7 @@
 namespace quillet {
 
 /// The starts of lines, in order; the first one is 0 and always there. Lines are kept in chunks,
-/// of which all behind a change move at once: a change costs the same wherever the last one was.
+/// of which all behind a change move at once: it hardly matters where the last change was.
 class LineStarts {
   public:
     static constexpr std::size_t usualChunkLength = 512;

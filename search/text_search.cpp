@@ -20,8 +20,9 @@ class Searcher {
   public:
     Searcher(const TextBuffer& text, GlyphView what) : text_(text), what_(what) {
         std::array<std::size_t, 256> counts{};
-        for (const char glyph : text.contiguous(0, sampleLength))
-            ++counts[glyphCode(glyph)];
+        for (const GlyphView part : text.spans(0, std::min(sampleLength, text.size())))
+            for (const char glyph : part)
+                ++counts[glyphCode(glyph)];
         const auto rarest = std::min_element(what.begin(), what.end(), [&](char one, char other) {
             return counts[glyphCode(one)] < counts[glyphCode(other)];
         });

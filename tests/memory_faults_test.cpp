@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -59,7 +60,7 @@ const MemoryRow memoryRows[] = {
          box.select({10, 90});
          box.SelText("over it");
      }},
-    {"a long text", [](EditBox& box) { box.SelText(longText); }},
+    {"a long text", [](EditBox& box) { box.SelText(longText + longText + longText); }},
     {"deleting most",
      [](EditBox& box) {
          box.select({3, 200});
@@ -120,6 +121,28 @@ GlyphString soundText(EditBox& box) {
         box.redo();
     EXPECT_EQ(box.Text(), text) << "after undo and redo";
     return text;
+}
+
+TEST(Memory, FailingAtAnyRequestKeepsTheLinesStarts) {
+    bool isHit = true;
+    for (int request = 0; isHit; ++request) {
+        SCOPED_TRACE(testing::Message() << "request " << request);
+        LineStarts starts(2);
+        starts.replace(1, 0, std::array{2, 4, 6, 8, 10, 12}, 0);
+        bool isDone = true;
+        left = request;
+        try {
+            starts.replace(2, 3, std::array{5, 7, 8, 9, 10, 11, 12, 13, 14}, 5);
+        } catch (const std::bad_alloc&) {
+            isDone = false;
+        }
+        isHit = left < 0;
+        left = -1;
+        EXPECT_NE(isHit, isDone);
+        EXPECT_EQ(starts.count(), isDone ? 13 : 7);
+        EXPECT_EQ(starts[starts.count() - 1], isDone ? 17 : 12);
+        EXPECT_EQ(starts.lineOf(9), isDone ? 5 : 4);
+    }
 }
 
 TEST(Memory, FailingAtAnyRequestLosesNothing) {

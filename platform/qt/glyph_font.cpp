@@ -27,12 +27,16 @@ QFont fontOf(const EditBox& box) {
 class WidthTable {
   public:
     explicit WidthTable(const QRawFont& font) : widths_(font.fontTable("hmtx")) {
+        constexpr qsizetype unitsAt = 18;
         constexpr qsizetype countAt = 34;
+        const QByteArray head = font.fontTable("head");
         const QByteArray header = font.fontTable("hhea");
         const auto unitsPerEm = static_cast<std::int64_t>(font.unitsPerEm());
         const bool isVariable = !font.fontTable("fvar").isEmpty(); // then the table is not all
-        if (header.size() < countAt + 2 || unitsPerEm <= 0 || isVariable)
+        if (header.size() < countAt + 2 || head.size() < unitsAt + 2 || isVariable)
             return;
+        if (unitsPerEm <= 0 || unitsPerEm != wordAt(head, unitsAt))
+            return; // bitmaps, which have widths of their own
         count_ = std::min<std::int64_t>(wordAt(header, countAt), widths_.size() / entrySize);
         const std::int64_t size = std::lround(font.pixelSize() * advancePerPixel);
         scale_ = (size * one + unitsPerEm / 2) / unitsPerEm;
