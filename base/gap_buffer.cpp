@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <malloc.h>
 #include <new>
 #include <sys/mman.h>
 #include <utility>
@@ -30,6 +31,16 @@ void populate(char* room, std::size_t count) {
 #else
     static_cast<void>(room);
     static_cast<void>(count);
+#endif
+}
+
+// Lets every large block have pages of its own, which go back to the system with it. The C library
+// begins so as well, but once one of them was freed it keeps the others.
+void keepLargeBlocksApart() {
+#ifdef M_MMAP_THRESHOLD
+    constexpr int largeFrom = 128 * 1024;
+    static const int isSet = ::mallopt(M_MMAP_THRESHOLD, largeFrom);
+    static_cast<void>(isSet);
 #endif
 }
 
@@ -79,6 +90,7 @@ void GapBuffer::ensureGap(std::size_t needed) {
     if (gapSize() >= needed)
         return;
     const std::size_t capacity = size() + needed + std::max(minimumGrowth, size() / growthShare);
+    keepLargeBlocksApart();
     auto* grown = static_cast<char*>(std::realloc(bytes_.get(), capacity));
     if (grown == nullptr)
         throw std::bad_alloc();

@@ -7,23 +7,13 @@
 
 #include <QSettings>
 
-#include <malloc.h>
-
 namespace quillet {
-namespace {
-
-// As the C library begins, but without its learning from what is freed: a large text that has gone
-// would stay in memory.
-constexpr int ownPagesFrom = 128 * 1024;
-
-} // namespace
 
 Program::Program(char** argv, const MailFactory& makeMailComponent)
     : application_(argumentCount_, argv),
       mainWindow_({messageBox_, inputBox_, fileChooser_, printer_, printer_, files_, clipboard_,
                    screen_, shell_, forms_, makeMailComponent}),
       splash_(forms_, mainWindow_) {
-    ::mallopt(M_MMAP_THRESHOLD, ownPagesFrom);
     QApplication::setApplicationName("Quillet");
     // The toolkit's dialogs would keep some for good.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
