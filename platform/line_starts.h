@@ -16,7 +16,7 @@ class LineStarts {
     static constexpr std::size_t usualChunkLength = 512;
 
     /// A chunk holds up to twice `chunkLength` lines.
-    explicit LineStarts(std::size_t chunkLength = usualChunkLength);
+    explicit LineStarts(std::size_t chunkLength);
 
     std::size_t chunkLength() const { return chunkLength_; }
 
